@@ -1,0 +1,7 @@
+#include "shell/kestel_page.h"
+
+namespace wk {
+
+KestelPage::KestelPage(TKestelMainWind& mainWind) : mainWind_(mainWind) {}
+
+}  // namespace wk

@@ -1,0 +1,19 @@
+#pragma once
+// Shows wk::MessageBoxA as a Qt message box.
+//
+// The owner passed to MessageBoxA by the window code is always a QWidget*; a null owner gives a
+// box without a parent, as the original's ownerless messages were.
+
+#include "platform/message_box.h"
+
+class QWidget;
+
+namespace wk {
+
+// The presenter the main window installs. A distinct type, so that the window can tell on
+// its way out whether the presenter in place is still its own.
+struct QtMessageBoxPresenter {
+    int operator()(const MessageBoxRequest& request) const;
+};
+
+}  // namespace wk

@@ -1,0 +1,141 @@
+#include "ui_test_support.h"
+
+#include <QApplication>
+#include <QLineEdit>
+#include <QTest>
+#include <cstdlib>
+#include <fstream>
+#include <sstream>
+#include <strings.h>
+#include <unistd.h>
+
+#include "platform/windows_directory.h"
+#include "shell/kestel_main_wind.h"
+
+namespace fs = std::filesystem;
+
+namespace wk::test {
+
+namespace {
+
+fs::path MakeTempDir(const char* stem) {
+    std::string pattern = (fs::temp_directory_path() / (std::string(stem) + "XXXXXX")).string();
+    if (!mkdtemp(pattern.data())) {
+        throw std::runtime_error("cannot create a temporary directory");
+    }
+    return pattern;
+}
+
+std::string Trim(std::string s) {
+    while (!s.empty() && (s.back() == ' ' || s.back() == '\r' || s.back() == '\t')) s.pop_back();
+    std::size_t i = 0;
+    while (i < s.size() && (s[i] == ' ' || s[i] == '\t')) ++i;
+    return s.substr(i);
+}
+
+}  // namespace
+
+TempPrefix::TempPrefix() : root_(MakeTempDir("wkestel-ui-prefix-")) {
+    fs::create_directories(WindowsDir());
+    fs::create_directories(root_ / "dosdevices");
+    fs::create_directory_symlink("../drive_c", root_ / "dosdevices" / "c:");
+    platform::SetWinePrefixOverride(root_.string());
+}
+
+TempPrefix::~TempPrefix() {
+    platform::SetWinePrefixOverride("");
+    std::error_code error;
+    fs::remove_all(root_, error);
+}
+
+void TempPrefix::Write(const std::string& name, const std::string& bytes) const {
+    std::ofstream out(File(name), std::ios::binary);
+    out << bytes;
+}
+
+std::string TempPrefix::Read(const std::string& name) const {
+    std::ifstream in(File(name), std::ios::binary);
+    std::ostringstream bytes;
+    bytes << in.rdbuf();
+    return bytes.str();
+}
+
+bool TempPrefix::Exists(const std::string& name) const { return fs::exists(File(name)); }
+
+std::string SettingsFile(const std::string& extraSections, const std::string& controller) {
+    return "[WZELKO]\r\nLANGUAGE=ENG\r\nSYSTEM_DIR=C:\\WZELKO\r\n\r\n"
+           "[MEASURE INTERFACE]\r\nMEASURE MODE METRIC/INCH=METRIC\r\n\r\n"
+           "[CONTROLLER]\r\nType=" +
+           controller + "\r\n\r\n" + extraSections;
+}
+
+WorkingDir::WorkingDir(Kind kind) : previous_(fs::current_path()) {
+    if (kind == Kind::LanguageLibraries) {
+        fs::current_path(WKESTEL_LANGUAGE_DIR);
+    } else {
+        empty_ = MakeTempDir("wkestel-ui-cwd-");
+        fs::current_path(empty_);
+    }
+}
+
+WorkingDir::~WorkingDir() {
+    std::error_code error;
+    fs::current_path(previous_, error);
+    if (!empty_.empty()) {
+        fs::remove_all(empty_, error);
+    }
+}
+
+MessageScript::MessageScript() {
+    previous_ = SetMessageBoxPresenter([this](const MessageBoxRequest& request) {
+        shown_.push_back(request);
+        if (!answers_.empty()) {
+            const int answer = answers_.front();
+            answers_.pop_front();
+            return answer;
+        }
+        return (request.type & 0xF) == MB_YESNOCANCEL ? IDCANCEL : IDOK;
+    });
+}
+
+MessageScript::~MessageScript() { SetMessageBoxPresenter(std::move(previous_)); }
+
+std::unique_ptr<TKestelMainWind> StartWindow(std::vector<std::string> commandLine) {
+    auto window = std::make_unique<TKestelMainWind>(std::move(commandLine));
+    window->show();
+    window->activateWindow();
+    (void)QTest::qWaitForWindowActive(window.get(), 2000);
+    for (int i = 0; i < 200 && !window->Ready() && !window->TerminationRequested(); ++i) {
+        QTest::qWait(10);
+    }
+    return window;
+}
+
+void TypeInto(QLineEdit* edit, const QString& text) {
+    edit->setFocus(Qt::MouseFocusReason);
+    edit->selectAll();
+    QTest::keyClicks(edit, text);
+}
+
+void PressTab(QWidget* widget) { QTest::keyClick(widget, Qt::Key_Tab); }
+
+std::string IniValue(const std::string& bytes, const std::string& section, const std::string& key) {
+    std::istringstream in(bytes);
+    std::string line;
+    std::string current;
+    while (std::getline(in, line)) {
+        const std::string t = Trim(line);
+        if (!t.empty() && t[0] == '[') {
+            current = t.substr(1, t.find(']') - 1);
+            continue;
+        }
+        const auto eq = t.find('=');
+        if (eq != std::string::npos && strcasecmp(current.c_str(), section.c_str()) == 0 &&
+            strcasecmp(Trim(t.substr(0, eq)).c_str(), key.c_str()) == 0) {
+            return Trim(t.substr(eq + 1));
+        }
+    }
+    return "<missing>";
+}
+
+}  // namespace wk::test

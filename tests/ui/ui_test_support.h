@@ -1,0 +1,89 @@
+#pragma once
+// What the window's tests share: a Wine prefix of their own, the working directory the
+// language libraries are found in, message boxes answered from a script, and a started window.
+
+#include <QString>
+#include <deque>
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/message_box.h"
+
+class QLineEdit;
+class QWidget;
+
+namespace wk {
+class TKestelMainWind;
+}
+
+namespace wk::test {
+
+// A temporary Wine prefix (drive_c/windows, dosdevices/c:) that every platform call uses
+// while the object lives. Removed afterwards.
+class TempPrefix {
+public:
+    TempPrefix();
+    ~TempPrefix();
+    TempPrefix(const TempPrefix&) = delete;
+    TempPrefix& operator=(const TempPrefix&) = delete;
+
+    std::filesystem::path Root() const { return root_; }
+    std::filesystem::path WindowsDir() const { return root_ / "drive_c" / "windows"; }
+    std::filesystem::path File(const std::string& name) const { return WindowsDir() / name; }
+
+    void Write(const std::string& name, const std::string& bytes) const;
+    std::string Read(const std::string& name) const;
+    bool Exists(const std::string& name) const;
+
+private:
+    std::filesystem::path root_;
+};
+
+// WZELKO.INI with the given extra sections and English as language.
+std::string SettingsFile(const std::string& extraSections, const std::string& controller = "RMD");
+
+// Changes the working directory for the object's life: to the folder of the built language
+// libraries, or to an empty folder where there are none.
+class WorkingDir {
+public:
+    enum class Kind { LanguageLibraries, Empty };
+    explicit WorkingDir(Kind kind);
+    ~WorkingDir();
+
+private:
+    std::filesystem::path previous_;
+    std::filesystem::path empty_;
+};
+
+// Answers message boxes from a script and records them. Unscripted boxes are answered
+// IDCANCEL for a question, IDOK otherwise.
+class MessageScript {
+public:
+    MessageScript();
+    ~MessageScript();
+
+    void Answer(int answer) { answers_.push_back(answer); }
+    const std::vector<MessageBoxRequest>& Shown() const { return shown_; }
+    int Count() const { return static_cast<int>(shown_.size()); }
+    void Clear() { shown_.clear(); }
+
+private:
+    std::deque<int> answers_;
+    std::vector<MessageBoxRequest> shown_;
+    MessageBoxPresenter previous_;
+};
+
+// The main window, shown and activated; the start-up sequence has run (or failed).
+std::unique_ptr<TKestelMainWind> StartWindow(std::vector<std::string> commandLine = {"WKestel32"});
+
+// Types `text` into an edit field as a user would: focus into it, select, type.
+void TypeInto(QLineEdit* edit, const QString& text);
+// Leaves the focused field with Tab.
+void PressTab(QWidget* widget);
+
+// The value of `key` in `section` of a file's bytes, or "<missing>".
+std::string IniValue(const std::string& bytes, const std::string& section, const std::string& key);
+
+}  // namespace wk::test
