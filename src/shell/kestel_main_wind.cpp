@@ -95,7 +95,14 @@ TKestelMainWind::TKestelMainWind(std::vector<std::string> commandLine, QWidget* 
         }
     }
 
-    previousPresenter_ = SetMessageBoxPresenter(QtMessageBoxPresenter{});
+    // Message boxes show as Qt message boxes, unless whoever runs the window (a test, a tool)
+    // has put a presenter of its own in place already.
+    MessageBoxPresenter previous = SetMessageBoxPresenter(QtMessageBoxPresenter{});
+    if (previous) {
+        SetMessageBoxPresenter(std::move(previous));
+    } else {
+        ownsPresenter_ = true;
+    }
 
     BuildMenu();
     BuildFrame();
@@ -113,10 +120,12 @@ TKestelMainWind::~TKestelMainWind() {
     if (languageLoaded_) {
         ReleaseLanguageLibrary();
     }
-    // Put back the presenter that was there before, unless a test has replaced ours meanwhile.
-    MessageBoxPresenter current = SetMessageBoxPresenter(previousPresenter_);
-    if (!current.target<QtMessageBoxPresenter>()) {
-        SetMessageBoxPresenter(std::move(current));
+    // Back to the default presenter, unless ours has been replaced meanwhile.
+    if (ownsPresenter_) {
+        MessageBoxPresenter current = SetMessageBoxPresenter(MessageBoxPresenter{});
+        if (!current.target<QtMessageBoxPresenter>()) {
+            SetMessageBoxPresenter(std::move(current));
+        }
     }
 }
 

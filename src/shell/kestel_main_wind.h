@@ -121,7 +121,7 @@ private:
     bool terminationRequested_ = false;
     bool destroying_ = false;
     bool languageLoaded_ = false;
-    MessageBoxPresenter previousPresenter_;
+    bool ownsPresenter_ = false;
 
     PageControl* pageControl_ = nullptr;
     QPushButton* pOK_ = nullptr;

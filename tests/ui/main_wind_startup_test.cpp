@@ -1,0 +1,346 @@
+// Start-up and first activation of the main window.
+
+#include <gtest/gtest.h>
+
+#include <QAction>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QTest>
+
+#include "i18n/resgenstring.h"
+#include "platform/text_codec.h"
+#include "settings/setup_settings.h"
+#include "shell/kestel_main_wind.h"
+#include "ui_test_support.h"
+#include "widgets/page_control.h"
+
+namespace wk {
+namespace {
+
+using test::MessageScript;
+using test::SettingsFile;
+using test::StartWindow;
+using test::TempPrefix;
+using test::WorkingDir;
+
+QString Language(int id) {
+    return QString::fromStdString(platform::AnsiToUtf8(GetLanguageString(id, 200)));
+}
+
+// The text of string `id` in the library of `code`, loaded on its own.
+QString LanguageOf(const std::string& code, int id) {
+    LoadLanguageLibrary(code);
+    const QString text = Language(id);
+    ReleaseLanguageLibrary();
+    return text;
+}
+
+template <typename T>
+T* Find(const TKestelMainWind& window, const char* name) {
+    return window.findChild<T*>(QString::fromLatin1(name));
+}
+
+const char* const kOffsets = "[MECHAOFFS]\r\noffx=1.5\r\noffy=2\r\noffz=3\r\ncompensoff=4\r\n";
+
+TEST(StartUp, WithoutLanguageLibraryShowsTheWorkingDirMessageAndEnds) {
+    TempPrefix prefix;
+    prefix.Write("WZELKO.INI", SettingsFile(kOffsets));
+    WorkingDir cwd(WorkingDir::Kind::Empty);
+    MessageScript script;
+    auto window = StartWindow();
+
+    ASSERT_EQ(script.Count(), 1);
+    EXPECT_EQ(script.Shown()[0].text, "Be sure working dir is correct ! (C:\\WZELKO)");
+    EXPECT_EQ(script.Shown()[0].caption, "");
+    EXPECT_EQ(script.Shown()[0].type, MB_OK | MB_ICONSTOP);
+    EXPECT_TRUE(window->TerminationRequested());
+    EXPECT_FALSE(window->Ready());
+    EXPECT_EQ(window->Settings(), nullptr);
+    EXPECT_FALSE(window->PageCtl()->isVisible());
+    EXPECT_FALSE(Find<QPushButton>(*window, "pOK")->isVisible());
+    EXPECT_FALSE(Find<QPushButton>(*window, "pCancel")->isVisible());
+    // Nothing can be saved or asked without a record; closing goes ahead.
+    Find<QAction>(*window, "KestelFile_Save")->trigger();
+    EXPECT_TRUE(window->close());
+    EXPECT_EQ(script.Count(), 1);
+}
+
+TEST(StartUp, WithoutSettingsFileShowsString24OnceInitialisesThePagesAndEnds) {
+    TempPrefix prefix;
+    WorkingDir cwd(WorkingDir::Kind::LanguageLibraries);
+    MessageScript script;
+    auto window = StartWindow();
+
+    ASSERT_EQ(script.Count(), 1);
+    EXPECT_EQ(script.Shown()[0].text, GetLanguageString(24, 200));
+    EXPECT_EQ(script.Shown()[0].caption, "");
+    EXPECT_EQ(script.Shown()[0].type, MB_OK | MB_ICONSTOP);
+    // The sequence ran to its end on defaults before the program ends.
+    EXPECT_TRUE(window->TerminationRequested());
+    EXPECT_TRUE(window->Ready());
+    ASSERT_NE(window->Settings(), nullptr);
+    EXPECT_EQ(Find<QLineEdit>(*window, "pSLE_OffsetX")->text(), QStringLiteral("0"));
+    EXPECT_EQ(Find<QLineEdit>(*window, "pSLE_BridgeStroke")->text(), QStringLiteral("0"));
+}
+
+TEST(StartUp, IsHiddenWithItsDesignCaptionUntilTheFirstActivation) {
+    TempPrefix prefix;
+    prefix.Write("WZELKO.INI", SettingsFile(kOffsets));
+    TKestelMainWind window({"WKestel32"});
+    EXPECT_EQ(window.windowTitle(), QStringLiteral("General Setup"));
+    EXPECT_EQ(Find<QLabel>(window, "pBottBar")->text(), QStringLiteral("."));
+    EXPECT_TRUE(window.PageCtl()->isHidden());
+    EXPECT_TRUE(Find<QPushButton>(window, "pOK")->isHidden());
+    EXPECT_TRUE(Find<QPushButton>(window, "pCancel")->isHidden());
+    EXPECT_EQ(window.Settings(), nullptr);
+}
+
+TEST(StartUp, FirstActivationShowsThePagesWithTheRecordReadAndUnmodified) {
+    TempPrefix prefix;
+    prefix.Write("WZELKO.INI", SettingsFile(kOffsets));
+    WorkingDir cwd(WorkingDir::Kind::LanguageLibraries);
+    MessageScript script;
+    auto window = StartWindow();
+
+    EXPECT_EQ(script.Count(), 0);
+    ASSERT_TRUE(window->Ready());
+    EXPECT_FALSE(window->TerminationRequested());
+    EXPECT_TRUE(window->PageCtl()->isVisible());
+    EXPECT_TRUE(Find<QPushButton>(*window, "pOK")->isVisible());
+    EXPECT_TRUE(Find<QPushButton>(*window, "pCancel")->isVisible());
+    EXPECT_FALSE(window->Settings()->Modified);
+    EXPECT_EQ(window->windowTitle(), Language(1));
+    EXPECT_EQ(Find<QLabel>(*window, "pBottBar")->text(), QString());
+    EXPECT_EQ(Find<QLineEdit>(*window, "pSLE_OffsetX")->text(), QStringLiteral("1.5"));
+}
+
+TEST(StartUp, RunsOnceAlthoughTheWindowIsActivatedAgain) {
+    TempPrefix prefix;
+    prefix.Write("WZELKO.INI", SettingsFile(kOffsets));
+    WorkingDir cwd(WorkingDir::Kind::LanguageLibraries);
+    MessageScript script;
+    auto window = StartWindow();
+    test::TypeInto(Find<QLineEdit>(*window, "pSLE_OffsetX"), QStringLiteral("9"));
+    test::PressTab(Find<QLineEdit>(*window, "pSLE_OffsetX"));
+    SetupSettings* record = window->Settings();
+
+    QWidget other;
+    other.show();
+    other.activateWindow();
+    (void)QTest::qWaitForWindowActive(&other, 2000);
+    window->activateWindow();
+    (void)QTest::qWaitForWindowActive(window.get(), 2000);
+
+    EXPECT_EQ(window->Settings(), record);
+    EXPECT_EQ(Find<QLineEdit>(*window, "pSLE_OffsetX")->text(), QStringLiteral("9"));
+}
+
+TEST(StartUp, RightAfterStartUpClosingAsksNoQuestion) {
+    TempPrefix prefix;
+    prefix.Write("WZELKO.INI", SettingsFile(kOffsets));
+    WorkingDir cwd(WorkingDir::Kind::LanguageLibraries);
+    MessageScript script;
+    auto window = StartWindow();
+    ASSERT_TRUE(window->Ready());
+    EXPECT_TRUE(window->close());
+    EXPECT_EQ(script.Count(), 0);
+}
+
+TEST(CommandLine, WordUpgradeInAnyCaseRequestsTheUpgrade) {
+    EXPECT_TRUE(TKestelMainWind({"WKestel32", "UPGRADE"}).UpgradeRequested());
+    EXPECT_TRUE(TKestelMainWind({"WKestel32", "upgrade"}).UpgradeRequested());
+    EXPECT_TRUE(TKestelMainWind({"WKestel32", "x", "UpGrade"}).UpgradeRequested());
+    // The program's own path is a word of the command line too.
+    EXPECT_TRUE(TKestelMainWind({"upgrade"}).UpgradeRequested());
+}
+
+TEST(CommandLine, UpgradeWithALeadingSlashOrAnEqualsSignDoesNotRequestTheUpgrade) {
+    EXPECT_FALSE(TKestelMainWind({"WKestel32"}).UpgradeRequested());
+    EXPECT_FALSE(TKestelMainWind({"WKestel32", "/UPGRADE"}).UpgradeRequested());
+    EXPECT_FALSE(TKestelMainWind({"WKestel32", "UPGRADE=1"}).UpgradeRequested());
+    EXPECT_FALSE(TKestelMainWind({"WKestel32", "-upgrade"}).UpgradeRequested());
+}
+
+std::unique_ptr<TKestelMainWind> StartWithLanguage(TempPrefix& prefix, const std::string& language) {
+    prefix.Write("WZELKO.INI", "[WZELKO]\r\nLANGUAGE=" + language + "\r\n");
+    return StartWindow();
+}
+
+TEST(Language, NoneInCapitalsUsesTheEnglishLibrary) {
+    TempPrefix prefix;
+    WorkingDir cwd(WorkingDir::Kind::LanguageLibraries);
+    MessageScript script;
+    QString title;
+    {
+        auto window = StartWithLanguage(prefix, "NONE");
+        ASSERT_TRUE(window->Ready());
+        title = window->windowTitle();
+    }
+    EXPECT_EQ(title, LanguageOf("ENG", 1));
+}
+
+TEST(Language, NoneInLowerCaseIsACodeOfItsOwnAndFallsBackToEnglish) {
+    TempPrefix prefix;
+    WorkingDir cwd(WorkingDir::Kind::LanguageLibraries);
+    MessageScript script;
+    QString title;
+    {
+        auto window = StartWithLanguage(prefix, "none");
+        ASSERT_TRUE(window->Ready());
+        title = window->windowTitle();
+    }
+    EXPECT_EQ(title, LanguageOf("ENG", 1));
+}
+
+TEST(Language, TheFileNamesTheLibraryInUse) {
+    TempPrefix prefix;
+    WorkingDir cwd(WorkingDir::Kind::LanguageLibraries);
+    MessageScript script;
+    QString title;
+    {
+        auto window = StartWithLanguage(prefix, "ita");
+        ASSERT_TRUE(window->Ready());
+        title = window->windowTitle();
+    }
+    EXPECT_EQ(title, LanguageOf("ita", 1));
+    EXPECT_NE(title, LanguageOf("ENG", 1));
+}
+
+TEST(Language, MissingLanguageKeyUsesTheEnglishLibrary) {
+    TempPrefix prefix;
+    prefix.Write("WZELKO.INI", SettingsFile(""));
+    prefix.Write("WZELKO.INI", "[CONTROLLER]\r\nType=RMD\r\n");
+    WorkingDir cwd(WorkingDir::Kind::LanguageLibraries);
+    MessageScript script;
+    QString title;
+    {
+        auto window = StartWindow();
+        ASSERT_TRUE(window->Ready());
+        title = window->windowTitle();
+    }
+    EXPECT_EQ(title, LanguageOf("ENG", 1));
+}
+
+struct ControllerCase {
+    const char* type;
+    bool entryVisible;
+    bool qd32OrRmd, vek3Family, kpt, rmdOrKpt;
+};
+
+class ControllerMenu : public ::testing::TestWithParam<ControllerCase> {};
+
+TEST_P(ControllerMenu, EntryVisibilityAndFlagsFollowTheControllerType) {
+    const ControllerCase c = GetParam();
+    TempPrefix prefix;
+    prefix.Write("WZELKO.INI", SettingsFile("", c.type));
+    WorkingDir cwd(WorkingDir::Kind::LanguageLibraries);
+    MessageScript script;
+    auto window = StartWindow();
+    ASSERT_TRUE(window->Ready());
+
+    auto* entry = Find<QAction>(*window, "KestelGenConf_Controller");
+    auto* separator = Find<QAction>(*window, "KestelGenConf_ControlSeparator");
+    ASSERT_NE(entry, nullptr);
+    ASSERT_NE(separator, nullptr);
+    EXPECT_EQ(entry->isVisible(), c.entryVisible);
+    EXPECT_EQ(separator->isVisible(), c.entryVisible);
+    if (c.entryVisible) {
+        EXPECT_EQ(entry->text(), Language(9));
+        EXPECT_EQ(entry->statusTip(), Language(33));
+    }
+    EXPECT_EQ(window->Flags().IsQd32OrRmd, c.qd32OrRmd);
+    EXPECT_EQ(window->Flags().IsVek3Family, c.vek3Family);
+    EXPECT_EQ(window->Flags().IsKpt, c.kpt);
+    EXPECT_EQ(window->Flags().IsRmdOrKpt, c.rmdOrKpt);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Types, ControllerMenu,
+    ::testing::Values(ControllerCase{"vek3", true, false, true, false, false},
+                      ControllerCase{"qd32", false, true, false, false, false},
+                      ControllerCase{"RMD", true, true, false, false, true},
+                      ControllerCase{"rmd", true, true, false, false, true},
+                      ControllerCase{"Tq", true, false, true, false, false},
+                      ControllerCase{"Q5", true, false, true, false, false},
+                      ControllerCase{"KPT", false, false, false, true, true},
+                      ControllerCase{"", false, false, false, false, false}),
+    [](const auto& info) {
+        const std::string type = info.param.type;
+        return type.empty() ? std::string("Missing") : type;
+    });
+
+TEST(Menu, EntriesAreCaptionedAndHintedFromTheLanguageStrings) {
+    TempPrefix prefix;
+    prefix.Write("WZELKO.INI", SettingsFile(kOffsets));
+    WorkingDir cwd(WorkingDir::Kind::LanguageLibraries);
+    MessageScript script;
+    auto window = StartWindow();
+    ASSERT_TRUE(window->Ready());
+
+    const struct {
+        const char* name;
+        int caption;
+        int hint;
+    } entries[] = {
+        {"KestelFile_PopUp", 2, 0},          {"KestelFile_Save", 3, 26},
+        {"KestelFile_Exit", 4, 25},          {"KestelGenConf_PopUp", 10, 0},
+        {"KestelGenConf_MacPar", 5, 29},     {"KestelGenConf_SysParam", 6, 30},
+        {"KestelGenConf_Init", 7, 31},       {"KestelGenConf_MecOff", 8, 32},
+        {"KestelElemPar_PopUp", 11, 0},      {"KestelElemPar_NumPts", 14, 34},
+        {"KestelOther_PopUp", 15, 0},        {"KestelOther_Sounds", 17, 36},
+        {"KestelOther_WindowsColor", 16, 37}, {"KestelOther_Directories", 18, 38},
+        {"KestelOther_AxesConvention", 19, 0}, {"KestelHelp_PopUp", 20, 0},
+        {"KestelHelp_Index", 21, 0},         {"KestelHelp_About", 22, 0},
+    };
+    for (const auto& e : entries) {
+        auto* action = Find<QAction>(*window, e.name);
+        ASSERT_NE(action, nullptr) << e.name;
+        EXPECT_EQ(action->text(), Language(e.caption)) << e.name;
+        if (e.hint) {
+            EXPECT_EQ(action->statusTip(), Language(e.hint)) << e.name;
+        }
+    }
+    // Not translated, on purpose.
+    EXPECT_EQ(Find<QAction>(*window, "KestelGenConf_Volcomp")->text(), QStringLiteral("&Volcomp"));
+}
+
+TEST(Menu, HintOfAnEntryShowsInTheStatusLine) {
+    TempPrefix prefix;
+    prefix.Write("WZELKO.INI", SettingsFile(kOffsets));
+    WorkingDir cwd(WorkingDir::Kind::LanguageLibraries);
+    MessageScript script;
+    auto window = StartWindow();
+    ASSERT_TRUE(window->Ready());
+    Find<QAction>(*window, "KestelFile_Save")->showStatusText(window->menuBar());
+    EXPECT_EQ(Find<QLabel>(*window, "pBottBar")->text(), Language(26));
+}
+
+TEST(PageTable, PagesNotBuiltAreAbsentAndTheirMenuEntriesDisabled) {
+    TempPrefix prefix;
+    prefix.Write("WZELKO.INI", SettingsFile(kOffsets));
+    WorkingDir cwd(WorkingDir::Kind::LanguageLibraries);
+    MessageScript script;
+    auto window = StartWindow();
+    ASSERT_TRUE(window->Ready());
+
+    PageControl* pages = window->PageCtl();
+    ASSERT_EQ(pages->SheetCount(), 1);
+    EXPECT_EQ(pages->Sheet(0)->objectName(), QStringLiteral("MecOffTabSheet"));
+    EXPECT_EQ(pages->ActivePage(), pages->Sheet(0));
+    EXPECT_TRUE(Find<QAction>(*window, "KestelGenConf_MecOff")->isEnabled());
+    for (const char* absent :
+         {"KestelGenConf_MacPar", "KestelGenConf_SysParam", "KestelGenConf_Init",
+          "KestelGenConf_Volcomp", "KestelGenConf_Controller", "KestelElemPar_NumPts",
+          "KestelOther_Sounds", "KestelOther_WindowsColor", "KestelOther_Directories",
+          "KestelOther_AxesConvention"}) {
+        EXPECT_FALSE(Find<QAction>(*window, absent)->isEnabled()) << absent;
+    }
+    for (const char* sheet : {"MacParTabSheet", "SysParTabSheet", "InitTabSheet", "VolcompTabSheet"}) {
+        EXPECT_EQ(window->findChild<QWidget*>(QString::fromLatin1(sheet)), nullptr) << sheet;
+    }
+}
+
+}  // namespace
+}  // namespace wk
