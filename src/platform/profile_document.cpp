@@ -64,42 +64,37 @@ std::string_view KeyValue(std::string_view line) {
     return v;
 }
 
-// Open addressing over (hash << 32 | position + 1). `nameAt` gives the name at a position.
+// Open addressing over position + 1 (0 is empty). `nameAt` gives the name at a position.
 template <typename NameAt>
-std::optional<std::size_t> IndexFind(const std::vector<std::uint64_t>& slots, std::string_view name,
+std::optional<std::size_t> IndexFind(const std::vector<std::uint32_t>& slots, std::string_view name,
                                      std::uint32_t hash, NameAt nameAt) {
     if (slots.empty()) return std::nullopt;
     const std::size_t mask = slots.size() - 1;
     for (std::size_t i = hash & mask;; i = (i + 1) & mask) {
-        const std::uint64_t slot = slots[i];
+        const std::uint32_t slot = slots[i];
         if (slot == 0) return std::nullopt;
-        if (static_cast<std::uint32_t>(slot >> 32) == hash) {
-            const std::size_t pos = static_cast<std::uint32_t>(slot) - 1;
-            if (EqualsFolded(nameAt(pos), name)) return pos;
-        }
+        if (EqualsFolded(nameAt(slot - 1), name)) return slot - 1;
     }
 }
 
-void IndexPlace(std::vector<std::uint64_t>& slots, std::uint32_t hash, std::size_t pos) {
+void IndexPlace(std::vector<std::uint32_t>& slots, std::uint32_t hash, std::size_t pos) {
     const std::size_t mask = slots.size() - 1;
     std::size_t i = hash & mask;
     while (slots[i] != 0) i = (i + 1) & mask;
-    slots[i] = (static_cast<std::uint64_t>(hash) << 32) | static_cast<std::uint32_t>(pos + 1);
+    slots[i] = static_cast<std::uint32_t>(pos + 1);
 }
 
-// Adds `name` at `pos` unless the name is there already (the first occurrence wins).
+// Adds `name` at `pos` unless the name is there already (the first occurrence wins). The
+// table is kept at most three quarters full.
 template <typename NameAt>
-void IndexAdd(std::vector<std::uint64_t>& slots, std::size_t& count, std::string_view name,
+void IndexAdd(std::vector<std::uint32_t>& slots, std::size_t& count, std::string_view name,
               std::size_t pos, NameAt nameAt) {
     const std::uint32_t hash = HashFolded(name);
     if (IndexFind(slots, name, hash, nameAt)) return;
-    if ((count + 1) * 2 > slots.size()) {
-        std::vector<std::uint64_t> grown(std::max<std::size_t>(16, slots.size() * 2), 0);
-        for (const std::uint64_t slot : slots) {
-            if (slot != 0) {
-                IndexPlace(grown, static_cast<std::uint32_t>(slot >> 32),
-                           static_cast<std::uint32_t>(slot) - 1);
-            }
+    if ((count + 1) * 4 > slots.size() * 3) {
+        std::vector<std::uint32_t> grown(std::max<std::size_t>(8, slots.size() * 2), 0);
+        for (const std::uint32_t slot : slots) {
+            if (slot != 0) IndexPlace(grown, HashFolded(nameAt(slot - 1)), slot - 1);
         }
         slots.swap(grown);
     }
@@ -143,17 +138,19 @@ void ProfileDocument::Parse(std::string content) {
     sections_.clear();
     sectionIndex_ = NameIndex{};
     arena_.clear();
-    arenaBytes_ = 0;
+    arena_.shrink_to_fit();
     sections_.emplace_back();  // the lines before the first header
-    ParseLinesInto(content_.data(), content_.size());
+    ParseLinesInto(false, 0, content_.size());
     lines_.shrink_to_fit();
 }
 
-void ProfileDocument::ParseLinesInto(const char* data, std::size_t size) {
+void ProfileDocument::ParseLinesInto(bool inArena, std::size_t beginOffset, std::size_t endOffset) {
     // The next CR and LF are looked up once each and reused, so that a file with only one
     // kind of line end is still scanned in linear time.
-    const char* const end = data + size;
-    const char* p = data;
+    const char* const base = inArena ? arena_.data() : content_.data();
+    const char* const end = base + endOffset;
+    const char* p = base + beginOffset;
+    const std::uint32_t flag = inArena ? kInArena : 0;
     const char* nextCr = nullptr;
     const char* nextLf = nullptr;
     const auto find = [&](const char*& cached, char c) {
@@ -170,7 +167,8 @@ void ProfileDocument::ParseLinesInto(const char* data, std::size_t size) {
             terminator = (*stop == '\r' && stop + 1 < end && stop[1] == '\n') ? 2 : 1;
         }
         const std::string_view text(p, static_cast<std::size_t>(stop - p));
-        AddLine(Line{p, static_cast<std::uint32_t>(text.size()), terminator, Classify(text)});
+        AddLine(Line{static_cast<std::uint32_t>(p - base) | flag,
+                     static_cast<std::uint32_t>(text.size()), terminator, Classify(text)});
         p = stop + terminator;
     }
 }
@@ -183,8 +181,8 @@ void ProfileDocument::AddLine(const Line& line) {
         lines_.push_back(line);
         sections_.push_back(std::move(section));
         const std::size_t pos = sections_.size() - 1;
-        IndexAdd(sectionIndex_.slots, sectionIndex_.count, HeaderName(line.Text()), pos,
-                 [this](std::size_t i) { return HeaderName(LineAt(sections_[i], 0).Text()); });
+        IndexAdd(sectionIndex_.slots, sectionIndex_.count, HeaderName(Text(line)), pos,
+                 [this](std::size_t i) { return HeaderName(Text(LineAt(sections_[i], 0))); });
         return;
     }
     Section& current = sections_.back();
@@ -197,16 +195,7 @@ void ProfileDocument::AddLine(const Line& line) {
 }
 
 void ProfileDocument::Reparse() {
-    std::string content;
-    content.reserve(content_.size() + arenaBytes_);
-    for (const Section& section : sections_) {
-        const std::size_t n = LineCount(section);
-        for (std::size_t i = 0; i < n; ++i) {
-            const Line& line = LineAt(section, i);
-            content.append(line.data, line.length + line.terminatorLength);
-        }
-    }
-    Parse(std::move(content));
+    Parse(SerializeContent());
 }
 
 std::size_t ProfileDocument::LineCount(const Section& section) const {
@@ -227,29 +216,31 @@ std::vector<ProfileDocument::Line>& ProfileDocument::Detach(Section& section) {
 
 ProfileDocument::Line ProfileDocument::MakeLine(std::string_view text, std::string_view terminator,
                                                 LineKind kind) {
+    // `text` may lie in the arena itself: copy it before the arena grows.
     std::string stored;
     stored.reserve(text.size() + terminator.size());
     stored.append(text).append(terminator);
-    arenaBytes_ += stored.capacity() + sizeof(std::string);
-    arena_.push_back(std::move(stored));
-    return Line{arena_.back().data(), static_cast<std::uint32_t>(text.size()),
+    const std::size_t offset = arena_.size();
+    arena_.append(stored);
+    return Line{static_cast<std::uint32_t>(offset) | kInArena,
+                static_cast<std::uint32_t>(text.size()),
                 static_cast<std::uint8_t>(terminator.size()), kind};
 }
 
 std::optional<std::size_t> ProfileDocument::FindSection(std::string_view name) const {
     return IndexFind(sectionIndex_.slots, name, HashFolded(name), [this](std::size_t i) {
-        return HeaderName(LineAt(sections_[i], 0).Text());
+        return HeaderName(Text(LineAt(sections_[i], 0)));
     });
 }
 
 void ProfileDocument::BuildKeyIndex(const Section& section) const {
     auto index = std::make_unique<NameIndex>();
     const std::size_t n = LineCount(section);
-    const auto nameAt = [&](std::size_t i) { return KeyName(LineAt(section, i).Text()); };
+    const auto nameAt = [&](std::size_t i) { return KeyName(Text(LineAt(section, i))); };
     for (std::size_t i = 1; i < n; ++i) {
         const Line& line = LineAt(section, i);
         if (line.kind == LineKind::Key) {
-            IndexAdd(index->slots, index->count, KeyName(line.Text()), i, nameAt);
+            IndexAdd(index->slots, index->count, KeyName(Text(line)), i, nameAt);
         }
     }
     section.keyIndex = std::move(index);
@@ -261,13 +252,13 @@ std::optional<std::size_t> ProfileDocument::FindKey(const Section& section,
     if (n <= kLinearSearchLines) {
         for (std::size_t i = 1; i < n; ++i) {
             const Line& line = LineAt(section, i);
-            if (line.kind == LineKind::Key && EqualsFolded(KeyName(line.Text()), key)) return i;
+            if (line.kind == LineKind::Key && EqualsFolded(KeyName(Text(line)), key)) return i;
         }
         return std::nullopt;
     }
     if (!section.keyIndex) BuildKeyIndex(section);
     return IndexFind(section.keyIndex->slots, key, HashFolded(key),
-                     [&](std::size_t i) { return KeyName(LineAt(section, i).Text()); });
+                     [&](std::size_t i) { return KeyName(Text(LineAt(section, i))); });
 }
 
 std::optional<std::string_view> ProfileDocument::Value(std::string_view section,
@@ -277,12 +268,12 @@ std::optional<std::string_view> ProfileDocument::Value(std::string_view section,
     const Section& sec = sections_[*s];
     const auto k = FindKey(sec, key);
     if (!k) return std::nullopt;
-    return KeyValue(LineAt(sec, *k).Text());
+    return KeyValue(Text(LineAt(sec, *k)));
 }
 
 void ProfileDocument::AppendSectionNames(std::string& out) const {
     for (std::size_t s = 1; s < sections_.size(); ++s) {
-        out.append(HeaderName(LineAt(sections_[s], 0).Text()));
+        out.append(HeaderName(Text(LineAt(sections_[s], 0))));
         out.push_back('\0');
     }
 }
@@ -295,7 +286,7 @@ bool ProfileDocument::AppendKeyNames(std::string_view section, std::string& out)
     for (std::size_t i = 1; i < n; ++i) {
         const Line& line = LineAt(sec, i);
         if (line.kind == LineKind::Key) {
-            out.append(KeyName(line.Text()));
+            out.append(KeyName(Text(line)));
             out.push_back('\0');
         }
     }
@@ -319,7 +310,8 @@ bool ProfileDocument::SetValue(std::string_view section, std::string_view key,
         if (last != nullptr && last->terminatorLength == 0) {
             Section& lastSection = sections_.back();
             std::vector<Line>& lines = Detach(lastSection);
-            lines.back() = MakeLine(lines.back().Text(), "\r\n", lines.back().kind);
+            const Line old = lines.back();
+            lines.back() = MakeLine(Text(old), "\r\n", old.kind);
         } else if (last == nullptr && utf16_) {
             // A file holding only its byte-order mark is not empty: the header goes on the
             // second line, as Windows writes it.
@@ -330,28 +322,26 @@ bool ProfileDocument::SetValue(std::string_view section, std::string_view key,
         text.reserve(section.size() + key.size() + value.size() + 8);
         text.append("[").append(section).append("]\r\n");
         text.append(key).append("=").append(value).append("\r\n");
-        arenaBytes_ += text.capacity() + sizeof(std::string);
-        arena_.push_back(std::move(text));
+        const std::size_t offset = arena_.size();
+        arena_.append(text);
         // Parsing the new text as the continuation of the file gives exactly what reading
         // the file again would, even when a name holds a line break or a ']'.
-        ParseLinesInto(arena_.back().data(), arena_.back().size());
+        ParseLinesInto(true, offset, arena_.size());
         return true;
     }
     Section& sec = sections_[*s];
     if (const auto k = FindKey(sec, key)) {
         // The line keeps its text up to and including '=', and its line end.
         const Line& line = LineAt(sec, *k);
-        const std::string_view text = line.Text();
+        const std::string_view text = Text(line);
         const std::size_t eq = text.find('=');
         if (text.substr(eq + 1) == value && line.terminatorLength != 0) return false;
         std::string newText;
         newText.reserve(eq + 1 + value.size());
         newText.append(text.substr(0, eq + 1)).append(value);
-        const std::string_view terminator =
-            line.terminatorLength == 0
-                ? std::string_view("\r\n")
-                : std::string_view(line.data + line.length, line.terminatorLength);
-        const std::string ownTerminator(terminator);
+        const std::string ownTerminator(
+            line.terminatorLength == 0 ? std::string_view("\r\n")
+                                       : TextWithTerminator(line).substr(line.length));
         std::vector<Line>& lines = Detach(sec);
         lines[*k] = MakeLine(newText, ownTerminator, LineKind::Key);
         if (HasLineBreak(value)) Reparse();
@@ -369,7 +359,8 @@ bool ProfileDocument::SetValue(std::string_view section, std::string_view key,
     newText.append(key).append("=").append(value);
     const LineKind kind = Classify(newText);
     if (lines[pos - 1].terminatorLength == 0) {
-        lines[pos - 1] = MakeLine(lines[pos - 1].Text(), "\r\n", lines[pos - 1].kind);
+        const Line old = lines[pos - 1];
+        lines[pos - 1] = MakeLine(Text(old), "\r\n", old.kind);
     }
     lines.insert(lines.begin() + static_cast<std::ptrdiff_t>(pos), MakeLine(newText, "\r\n", kind));
     if (HasLineBreak(newText) || (kind != LineKind::Key && kind != LineKind::Comment)) {
@@ -378,7 +369,7 @@ bool ProfileDocument::SetValue(std::string_view section, std::string_view key,
     } else if (kind == LineKind::Key && sec.keyIndex) {
         // Every key line lies before `pos`, so the indexed positions did not move.
         IndexAdd(sec.keyIndex->slots, sec.keyIndex->count, KeyName(newText), pos,
-                 [&](std::size_t i) { return KeyName(lines[i].Text()); });
+                 [&](std::size_t i) { return KeyName(Text(lines[i])); });
     }
     return true;
 }
@@ -394,9 +385,8 @@ bool ProfileDocument::DeleteKey(std::string_view section, std::string_view key) 
     sec.keyIndex.reset();
     // A lone CR before an empty LF-ended line now reads as one CRLF: take the file's new
     // structure from its bytes.
-    if (*k < lines.size() && lines[*k - 1].terminatorLength == 1 &&
-        lines[*k - 1].data[lines[*k - 1].length] == '\r' && lines[*k].length == 0 &&
-        lines[*k].terminatorLength == 1 && lines[*k].data[0] == '\n') {
+    if (*k < lines.size() && TextWithTerminator(lines[*k - 1]).ends_with('\r') &&
+        TextWithTerminator(lines[*k]) == "\n") {
         Reparse();
     }
     return true;
@@ -416,26 +406,40 @@ bool ProfileDocument::DeleteSection(std::string_view section) {
     return true;
 }
 
-std::string ProfileDocument::Serialize() const {
+std::string ProfileDocument::SerializeContent() const {
     std::string content;
-    content.reserve(content_.size() + arenaBytes_);
-    const char* runStart = nullptr;
+    content.reserve(content_.size() + arena_.size());
+    // Lines that lie next to each other in the same buffer are copied as one run.
+    std::uint32_t runStart = 0;
     std::size_t runLength = 0;
+    bool inRun = false;
+    const auto flush = [&] {
+        if (!inRun) return;
+        const char* base = (runStart & kInArena) ? arena_.data() : content_.data();
+        content.append(base + (runStart & ~kInArena), runLength);
+    };
     for (const Section& section : sections_) {
         const std::size_t n = LineCount(section);
         for (std::size_t i = 0; i < n; ++i) {
             const Line& line = LineAt(section, i);
-            const std::size_t length = line.length + line.terminatorLength;
-            if (runStart != nullptr && runStart + runLength == line.data) {
+            const std::size_t length = std::size_t{line.length} + line.terminatorLength;
+            if (inRun && runStart + runLength == line.offset &&
+                (runStart & kInArena) == (line.offset & kInArena)) {
                 runLength += length;
             } else {
-                if (runStart != nullptr) content.append(runStart, runLength);
-                runStart = line.data;
+                flush();
+                runStart = line.offset;
                 runLength = length;
+                inRun = true;
             }
         }
     }
-    if (runStart != nullptr) content.append(runStart, runLength);
+    flush();
+    return content;
+}
+
+std::string ProfileDocument::Serialize() const {
+    std::string content = SerializeContent();
     if (!utf16_) return content;
     std::string bytes = "\xFF\xFE";
     bytes += Wtf8ToUtf16Le(content);
@@ -446,11 +450,11 @@ std::string ProfileDocument::Serialize() const {
 std::size_t ProfileDocument::BytesHeld() const {
     std::size_t bytes = sizeof(*this) + content_.capacity() + lines_.capacity() * sizeof(Line) +
                         sections_.capacity() * sizeof(Section) +
-                        sectionIndex_.slots.capacity() * sizeof(std::uint64_t) + arenaBytes_;
+                        sectionIndex_.slots.capacity() * sizeof(std::uint32_t) + arena_.capacity();
     for (const Section& section : sections_) {
         bytes += section.ownLines.capacity() * sizeof(Line);
         if (section.keyIndex) {
-            bytes += sizeof(NameIndex) + section.keyIndex->slots.capacity() * sizeof(std::uint64_t);
+            bytes += sizeof(NameIndex) + section.keyIndex->slots.capacity() * sizeof(std::uint32_t);
         }
     }
     return bytes;

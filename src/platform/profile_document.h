@@ -20,7 +20,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <deque>
 #include <memory>
 #include <optional>
 #include <string>
@@ -68,20 +67,22 @@ public:
     static LineKind Classify(std::string_view lineText);
 
 private:
-    // A line's text, followed in memory by its terminator bytes ("\r\n", "\r", "\n" or
-    // none), so that unedited neighbours serialise as one run.
+    // A line: where its text lies (in the file's buffer, or in the arena when the high bit
+    // of `offset` is set), followed by its terminator bytes ("\r\n", "\r", "\n" or none), so
+    // that unedited neighbours serialise as one run. Offsets rather than pointers keep the
+    // table small and let the arena grow.
     struct Line {
-        const char* data;
-        std::uint32_t length;        // without the terminator
+        std::uint32_t offset;
+        std::uint32_t length;  // without the terminator
         std::uint8_t terminatorLength;
         LineKind kind;
-
-        std::string_view Text() const { return {data, length}; }
     };
+    static constexpr std::uint32_t kInArena = 0x80000000u;
 
-    // An open-addressing table of names to line positions; built when a lookup needs it.
+    // An open-addressing table of names to line positions (position + 1; 0 is empty); built
+    // when a lookup needs it. Names are compared on each probe, which keeps a slot at 4 bytes.
     struct NameIndex {
-        std::vector<std::uint64_t> slots;  // (hash << 32) | (position + 1); 0 is empty
+        std::vector<std::uint32_t> slots;
         std::size_t count = 0;
     };
 
@@ -93,10 +94,20 @@ private:
         mutable std::unique_ptr<NameIndex> keyIndex;  // first occurrence of each key name
     };
 
+    std::string_view Text(const Line& line) const {
+        const char* base = (line.offset & kInArena) ? arena_.data() : content_.data();
+        return {base + (line.offset & ~kInArena), line.length};
+    }
+    std::string_view TextWithTerminator(const Line& line) const {
+        const char* base = (line.offset & kInArena) ? arena_.data() : content_.data();
+        return {base + (line.offset & ~kInArena), std::size_t{line.length} + line.terminatorLength};
+    }
+
     void Parse(std::string content);
-    void ParseLinesInto(const char* data, std::size_t size);
+    void ParseLinesInto(bool inArena, std::size_t begin, std::size_t end);
     void AddLine(const Line& line);
     void Reparse();
+    std::string SerializeContent() const;
 
     std::size_t LineCount(const Section& section) const;
     const Line& LineAt(const Section& section, std::size_t i) const;
@@ -119,8 +130,7 @@ private:
     std::vector<Line> lines_;     // all lines in file order, as parsed
     std::vector<Section> sections_;  // [0]: the lines before the first header
     NameIndex sectionIndex_;
-    std::deque<std::string> arena_;  // edited and new lines; never moved once stored
-    std::size_t arenaBytes_ = 0;
+    std::string arena_;           // edited and new lines, appended only
 };
 
 }  // namespace wk::platform
