@@ -35,11 +35,11 @@ int main(int argc, char** argv) {
     }
 
     // Messages of the start-up sequence go to standard error instead of waiting for a click.
+    wk::TKestelMainWind mainWind({"WKestel32"});
     wk::SetMessageBoxPresenter([](const wk::MessageBoxRequest& request) {
         std::fprintf(stderr, "wkestel-screenshots: message: %s\n", request.text.c_str());
         return wk::IDOK;
     });
-    wk::TKestelMainWind mainWind({"WKestel32"});
     mainWind.show();
     mainWind.activateWindow();
     for (int i = 0; i < 100 && !mainWind.Ready() && !mainWind.TerminationRequested(); ++i) {

@@ -95,14 +95,9 @@ TKestelMainWind::TKestelMainWind(std::vector<std::string> commandLine, QWidget* 
         }
     }
 
-    // Message boxes show as Qt message boxes, unless whoever runs the window (a test, a tool)
-    // has put a presenter of its own in place already.
-    MessageBoxPresenter previous = SetMessageBoxPresenter(QtMessageBoxPresenter{});
-    if (previous) {
-        SetMessageBoxPresenter(std::move(previous));
-    } else {
-        ownsPresenter_ = true;
-    }
+    // Message boxes show as Qt message boxes. Tests and tools that answer them themselves
+    // put their presenter in place after this.
+    SetMessageBoxPresenter(QtMessageBoxPresenter{});
 
     BuildMenu();
     BuildFrame();
@@ -121,11 +116,9 @@ TKestelMainWind::~TKestelMainWind() {
         ReleaseLanguageLibrary();
     }
     // Back to the default presenter, unless ours has been replaced meanwhile.
-    if (ownsPresenter_) {
-        MessageBoxPresenter current = SetMessageBoxPresenter(MessageBoxPresenter{});
-        if (!current.target<QtMessageBoxPresenter>()) {
-            SetMessageBoxPresenter(std::move(current));
-        }
+    MessageBoxPresenter current = SetMessageBoxPresenter(MessageBoxPresenter{});
+    if (!current.target<QtMessageBoxPresenter>()) {
+        SetMessageBoxPresenter(std::move(current));
     }
 }
 

@@ -121,7 +121,6 @@ private:
     bool terminationRequested_ = false;
     bool destroying_ = false;
     bool languageLoaded_ = false;
-    bool ownsPresenter_ = false;
 
     PageControl* pageControl_ = nullptr;
     QPushButton* pOK_ = nullptr;

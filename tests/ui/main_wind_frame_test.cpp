@@ -26,7 +26,7 @@ using test::MessageScript;
 using test::PressTab;
 using test::SettingsFile;
 using test::StartWindow;
-using test::TempPrefix;
+using test::TempWinePrefix;
 using test::TypeInto;
 using test::WorkingDir;
 
@@ -37,9 +37,9 @@ const char* const kOffsets =
 class Frame : public ::testing::Test {
 protected:
     void SetUp() override {
-        prefix_.Write("WZELKO.INI", SettingsFile(kOffsets));
-        original_ = prefix_.Read("WZELKO.INI");
-        window_ = StartWindow();
+        prefix_.WriteWindowsFile("WZELKO.INI", SettingsFile(kOffsets));
+        original_ = prefix_.ReadWindowsFile("WZELKO.INI");
+        window_ = StartWindow(script_);
         ASSERT_TRUE(window_->Ready());
         script_.Clear();
     }
@@ -51,7 +51,7 @@ protected:
         return window_->findChild<QAction*>(QString::fromLatin1(name));
     }
     std::string Saved(const char* section, const char* key) const {
-        return IniValue(prefix_.Read("WZELKO.INI"), section, key);
+        return IniValue(prefix_.ReadWindowsFile("WZELKO.INI"), section, key);
     }
     bool AskedToSave(std::size_t index = 0) const {
         if (index >= script_.Shown().size()) {
@@ -62,7 +62,7 @@ protected:
                r.type == (MB_YESNOCANCEL | MB_ICONQUESTION);
     }
 
-    TempPrefix prefix_;
+    TempWinePrefix prefix_;
     WorkingDir cwd_{WorkingDir::Kind::LanguageLibraries};
     MessageScript script_;
     std::string original_;
@@ -72,8 +72,8 @@ protected:
 TEST_F(Frame, SaveWithNoChangeWritesNothingAndMakesNoBackup) {
     Action("KestelFile_Save")->trigger();
     EXPECT_EQ(script_.Count(), 0);
-    EXPECT_EQ(prefix_.Read("WZELKO.INI"), original_);
-    EXPECT_FALSE(prefix_.Exists("WZELKO.BAK"));
+    EXPECT_EQ(prefix_.ReadWindowsFile("WZELKO.INI"), original_);
+    EXPECT_FALSE(test::Exists(prefix_, "WZELKO.BAK"));
 }
 
 TEST_F(Frame, Typing1250AndLeavingShows125AndSaveWritesSixDecimals) {
@@ -85,12 +85,12 @@ TEST_F(Frame, Typing1250AndLeavingShows125AndSaveWritesSixDecimals) {
     EXPECT_DOUBLE_EQ(window_->Settings()->OffsetX, 12.5);
     EXPECT_TRUE(window_->Settings()->Modified);
     // Leaving the field stores into the record only; the files wait for Save.
-    EXPECT_EQ(prefix_.Read("WZELKO.INI"), original_);
+    EXPECT_EQ(prefix_.ReadWindowsFile("WZELKO.INI"), original_);
 
     Action("KestelFile_Save")->trigger();
     EXPECT_EQ(script_.Count(), 0);  // Save does not ask
     EXPECT_EQ(Saved("MECHAOFFS", "offx"), "12.500000");
-    EXPECT_TRUE(prefix_.Exists("WZELKO.BAK"));
+    EXPECT_TRUE(test::Exists(prefix_, "WZELKO.BAK"));
     EXPECT_FALSE(window_->Settings()->Modified);
 }
 
@@ -113,7 +113,7 @@ TEST_F(Frame, TextThatIsNotANumberShowsTheConversionMessageAndKeepsTheOldValue) 
     EXPECT_FALSE(window_->Settings()->Modified);
     // The program goes on; Save finds nothing changed, and reports the text once more.
     Action("KestelFile_Save")->trigger();
-    EXPECT_EQ(prefix_.Read("WZELKO.INI"), original_);
+    EXPECT_EQ(prefix_.ReadWindowsFile("WZELKO.INI"), original_);
 }
 
 TEST_F(Frame, EscapeInAChangedEditRestoresTheValueFromTheRecord) {
@@ -135,8 +135,8 @@ TEST_F(Frame, EnterInAChangedEditCommitsItWithoutWritingTheFiles) {
     EXPECT_TRUE(y->hasFocus());
     EXPECT_DOUBLE_EQ(window_->Settings()->OffsetY, 77.0);
     EXPECT_TRUE(window_->Settings()->Modified);
-    EXPECT_EQ(prefix_.Read("WZELKO.INI"), original_);
-    EXPECT_FALSE(prefix_.Exists("WZELKO.BAK"));
+    EXPECT_EQ(prefix_.ReadWindowsFile("WZELKO.INI"), original_);
+    EXPECT_FALSE(test::Exists(prefix_, "WZELKO.BAK"));
     EXPECT_EQ(script_.Count(), 0);
 }
 
@@ -162,7 +162,7 @@ TEST_F(Frame, ClosingWithAChangeAndAnsweringCancelKeepsTheWindowAndTheEdit) {
     EXPECT_TRUE(window_->isVisible());
     EXPECT_EQ(x->text(), QStringLiteral("7"));
     EXPECT_DOUBLE_EQ(window_->Settings()->OffsetX, 7.0);
-    EXPECT_EQ(prefix_.Read("WZELKO.INI"), original_);
+    EXPECT_EQ(prefix_.ReadWindowsFile("WZELKO.INI"), original_);
 }
 
 TEST_F(Frame, ClosingWithAChangeAndAnsweringNoReReadsTheFiles) {
@@ -175,7 +175,7 @@ TEST_F(Frame, ClosingWithAChangeAndAnsweringNoReReadsTheFiles) {
     EXPECT_DOUBLE_EQ(window_->Settings()->OffsetX, 0.0);
     EXPECT_FALSE(window_->Settings()->Modified);
     EXPECT_EQ(x->text(), QStringLiteral("0"));
-    EXPECT_EQ(prefix_.Read("WZELKO.INI"), original_);
+    EXPECT_EQ(prefix_.ReadWindowsFile("WZELKO.INI"), original_);
 }
 
 TEST_F(Frame, ClosingWithAChangeAndAnsweringYesWritesTheFiles) {
@@ -184,7 +184,7 @@ TEST_F(Frame, ClosingWithAChangeAndAnsweringYesWritesTheFiles) {
     script_.Answer(IDYES);
     EXPECT_TRUE(window_->close());
     EXPECT_EQ(Saved("MECHAOFFS", "offx"), "7.000000");
-    EXPECT_TRUE(prefix_.Exists("WZELKO.BAK"));
+    EXPECT_TRUE(test::Exists(prefix_, "WZELKO.BAK"));
 }
 
 TEST_F(Frame, ExitAsksAndEndsTheProgramUnlessCancelled) {
@@ -236,7 +236,7 @@ TEST_F(Frame, OkCommitsTheEditAndNeverWrites) {
     TypeInto(x, QStringLiteral("3.25"));
     window_->pOKClick();
     EXPECT_DOUBLE_EQ(window_->Settings()->OffsetX, 3.25);
-    EXPECT_EQ(prefix_.Read("WZELKO.INI"), original_);
+    EXPECT_EQ(prefix_.ReadWindowsFile("WZELKO.INI"), original_);
     EXPECT_EQ(script_.Count(), 0);
 }
 
@@ -265,7 +265,7 @@ TEST_F(Frame, AboutEntryShowsTheAboutBoxModally) {
 TEST_F(Frame, BrowseForFileShowsTheMeasuringApplicationsPaths) {
     const auto dir = prefix_.Root() / "drive_c" / "WZELKO" / "SOUNDS";
     std::filesystem::create_directories(dir);
-    prefix_.Write("../../drive_c/WZELKO/SOUNDS/beep.wav", "RIFF");
+    prefix_.WriteWindowsFile("../../drive_c/WZELKO/SOUNDS/beep.wav", "RIFF");
 
     QString shownDir;
     QStringList filters;

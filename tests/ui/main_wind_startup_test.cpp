@@ -22,7 +22,7 @@ namespace {
 using test::MessageScript;
 using test::SettingsFile;
 using test::StartWindow;
-using test::TempPrefix;
+using test::TempWinePrefix;
 using test::WorkingDir;
 
 QString Language(int id) {
@@ -45,11 +45,11 @@ T* Find(const TKestelMainWind& window, const char* name) {
 const char* const kOffsets = "[MECHAOFFS]\r\noffx=1.5\r\noffy=2\r\noffz=3\r\ncompensoff=4\r\n";
 
 TEST(StartUp, WithoutLanguageLibraryShowsTheWorkingDirMessageAndEnds) {
-    TempPrefix prefix;
-    prefix.Write("WZELKO.INI", SettingsFile(kOffsets));
+    TempWinePrefix prefix;
+    prefix.WriteWindowsFile("WZELKO.INI", SettingsFile(kOffsets));
     WorkingDir cwd(WorkingDir::Kind::Empty);
     MessageScript script;
-    auto window = StartWindow();
+    auto window = StartWindow(script);
 
     ASSERT_EQ(script.Count(), 1);
     EXPECT_EQ(script.Shown()[0].text, "Be sure working dir is correct ! (C:\\WZELKO)");
@@ -68,10 +68,10 @@ TEST(StartUp, WithoutLanguageLibraryShowsTheWorkingDirMessageAndEnds) {
 }
 
 TEST(StartUp, WithoutSettingsFileShowsString24OnceInitialisesThePagesAndEnds) {
-    TempPrefix prefix;
+    TempWinePrefix prefix;
     WorkingDir cwd(WorkingDir::Kind::LanguageLibraries);
     MessageScript script;
-    auto window = StartWindow();
+    auto window = StartWindow(script);
 
     ASSERT_EQ(script.Count(), 1);
     EXPECT_EQ(script.Shown()[0].text, GetLanguageString(24, 200));
@@ -86,8 +86,8 @@ TEST(StartUp, WithoutSettingsFileShowsString24OnceInitialisesThePagesAndEnds) {
 }
 
 TEST(StartUp, IsHiddenWithItsDesignCaptionUntilTheFirstActivation) {
-    TempPrefix prefix;
-    prefix.Write("WZELKO.INI", SettingsFile(kOffsets));
+    TempWinePrefix prefix;
+    prefix.WriteWindowsFile("WZELKO.INI", SettingsFile(kOffsets));
     TKestelMainWind window({"WKestel32"});
     EXPECT_EQ(window.windowTitle(), QStringLiteral("General Setup"));
     EXPECT_EQ(Find<QLabel>(window, "pBottBar")->text(), QStringLiteral("."));
@@ -98,11 +98,11 @@ TEST(StartUp, IsHiddenWithItsDesignCaptionUntilTheFirstActivation) {
 }
 
 TEST(StartUp, FirstActivationShowsThePagesWithTheRecordReadAndUnmodified) {
-    TempPrefix prefix;
-    prefix.Write("WZELKO.INI", SettingsFile(kOffsets));
+    TempWinePrefix prefix;
+    prefix.WriteWindowsFile("WZELKO.INI", SettingsFile(kOffsets));
     WorkingDir cwd(WorkingDir::Kind::LanguageLibraries);
     MessageScript script;
-    auto window = StartWindow();
+    auto window = StartWindow(script);
 
     EXPECT_EQ(script.Count(), 0);
     ASSERT_TRUE(window->Ready());
@@ -117,11 +117,11 @@ TEST(StartUp, FirstActivationShowsThePagesWithTheRecordReadAndUnmodified) {
 }
 
 TEST(StartUp, RunsOnceAlthoughTheWindowIsActivatedAgain) {
-    TempPrefix prefix;
-    prefix.Write("WZELKO.INI", SettingsFile(kOffsets));
+    TempWinePrefix prefix;
+    prefix.WriteWindowsFile("WZELKO.INI", SettingsFile(kOffsets));
     WorkingDir cwd(WorkingDir::Kind::LanguageLibraries);
     MessageScript script;
-    auto window = StartWindow();
+    auto window = StartWindow(script);
     test::TypeInto(Find<QLineEdit>(*window, "pSLE_OffsetX"), QStringLiteral("9"));
     test::PressTab(Find<QLineEdit>(*window, "pSLE_OffsetX"));
     SetupSettings* record = window->Settings();
@@ -138,11 +138,11 @@ TEST(StartUp, RunsOnceAlthoughTheWindowIsActivatedAgain) {
 }
 
 TEST(StartUp, RightAfterStartUpClosingAsksNoQuestion) {
-    TempPrefix prefix;
-    prefix.Write("WZELKO.INI", SettingsFile(kOffsets));
+    TempWinePrefix prefix;
+    prefix.WriteWindowsFile("WZELKO.INI", SettingsFile(kOffsets));
     WorkingDir cwd(WorkingDir::Kind::LanguageLibraries);
     MessageScript script;
-    auto window = StartWindow();
+    auto window = StartWindow(script);
     ASSERT_TRUE(window->Ready());
     EXPECT_TRUE(window->close());
     EXPECT_EQ(script.Count(), 0);
@@ -163,18 +163,19 @@ TEST(CommandLine, UpgradeWithALeadingSlashOrAnEqualsSignDoesNotRequestTheUpgrade
     EXPECT_FALSE(TKestelMainWind({"WKestel32", "-upgrade"}).UpgradeRequested());
 }
 
-std::unique_ptr<TKestelMainWind> StartWithLanguage(TempPrefix& prefix, const std::string& language) {
-    prefix.Write("WZELKO.INI", "[WZELKO]\r\nLANGUAGE=" + language + "\r\n");
-    return StartWindow();
+std::unique_ptr<TKestelMainWind> StartWithLanguage(TempWinePrefix& prefix, MessageScript& script,
+                                                  const std::string& language) {
+    prefix.WriteWindowsFile("WZELKO.INI", "[WZELKO]\r\nLANGUAGE=" + language + "\r\n");
+    return StartWindow(script);
 }
 
 TEST(Language, NoneInCapitalsUsesTheEnglishLibrary) {
-    TempPrefix prefix;
+    TempWinePrefix prefix;
     WorkingDir cwd(WorkingDir::Kind::LanguageLibraries);
     MessageScript script;
     QString title;
     {
-        auto window = StartWithLanguage(prefix, "NONE");
+        auto window = StartWithLanguage(prefix, script, "NONE");
         ASSERT_TRUE(window->Ready());
         title = window->windowTitle();
     }
@@ -182,12 +183,12 @@ TEST(Language, NoneInCapitalsUsesTheEnglishLibrary) {
 }
 
 TEST(Language, NoneInLowerCaseIsACodeOfItsOwnAndFallsBackToEnglish) {
-    TempPrefix prefix;
+    TempWinePrefix prefix;
     WorkingDir cwd(WorkingDir::Kind::LanguageLibraries);
     MessageScript script;
     QString title;
     {
-        auto window = StartWithLanguage(prefix, "none");
+        auto window = StartWithLanguage(prefix, script, "none");
         ASSERT_TRUE(window->Ready());
         title = window->windowTitle();
     }
@@ -195,12 +196,12 @@ TEST(Language, NoneInLowerCaseIsACodeOfItsOwnAndFallsBackToEnglish) {
 }
 
 TEST(Language, TheFileNamesTheLibraryInUse) {
-    TempPrefix prefix;
+    TempWinePrefix prefix;
     WorkingDir cwd(WorkingDir::Kind::LanguageLibraries);
     MessageScript script;
     QString title;
     {
-        auto window = StartWithLanguage(prefix, "ita");
+        auto window = StartWithLanguage(prefix, script, "ita");
         ASSERT_TRUE(window->Ready());
         title = window->windowTitle();
     }
@@ -209,14 +210,14 @@ TEST(Language, TheFileNamesTheLibraryInUse) {
 }
 
 TEST(Language, MissingLanguageKeyUsesTheEnglishLibrary) {
-    TempPrefix prefix;
-    prefix.Write("WZELKO.INI", SettingsFile(""));
-    prefix.Write("WZELKO.INI", "[CONTROLLER]\r\nType=RMD\r\n");
+    TempWinePrefix prefix;
+    prefix.WriteWindowsFile("WZELKO.INI", SettingsFile(""));
+    prefix.WriteWindowsFile("WZELKO.INI", "[CONTROLLER]\r\nType=RMD\r\n");
     WorkingDir cwd(WorkingDir::Kind::LanguageLibraries);
     MessageScript script;
     QString title;
     {
-        auto window = StartWindow();
+        auto window = StartWindow(script);
         ASSERT_TRUE(window->Ready());
         title = window->windowTitle();
     }
@@ -229,15 +230,17 @@ struct ControllerCase {
     bool qd32OrRmd, vek3Family, kpt, rmdOrKpt;
 };
 
+void PrintTo(const ControllerCase& c, std::ostream* os) { *os << '"' << c.type << '"'; }
+
 class ControllerMenu : public ::testing::TestWithParam<ControllerCase> {};
 
 TEST_P(ControllerMenu, EntryVisibilityAndFlagsFollowTheControllerType) {
     const ControllerCase c = GetParam();
-    TempPrefix prefix;
-    prefix.Write("WZELKO.INI", SettingsFile("", c.type));
+    TempWinePrefix prefix;
+    prefix.WriteWindowsFile("WZELKO.INI", SettingsFile("", c.type));
     WorkingDir cwd(WorkingDir::Kind::LanguageLibraries);
     MessageScript script;
-    auto window = StartWindow();
+    auto window = StartWindow(script);
     ASSERT_TRUE(window->Ready());
 
     auto* entry = Find<QAction>(*window, "KestelGenConf_Controller");
@@ -272,11 +275,11 @@ INSTANTIATE_TEST_SUITE_P(
     });
 
 TEST(Menu, EntriesAreCaptionedAndHintedFromTheLanguageStrings) {
-    TempPrefix prefix;
-    prefix.Write("WZELKO.INI", SettingsFile(kOffsets));
+    TempWinePrefix prefix;
+    prefix.WriteWindowsFile("WZELKO.INI", SettingsFile(kOffsets));
     WorkingDir cwd(WorkingDir::Kind::LanguageLibraries);
     MessageScript script;
-    auto window = StartWindow();
+    auto window = StartWindow(script);
     ASSERT_TRUE(window->Ready());
 
     const struct {
@@ -307,22 +310,22 @@ TEST(Menu, EntriesAreCaptionedAndHintedFromTheLanguageStrings) {
 }
 
 TEST(Menu, HintOfAnEntryShowsInTheStatusLine) {
-    TempPrefix prefix;
-    prefix.Write("WZELKO.INI", SettingsFile(kOffsets));
+    TempWinePrefix prefix;
+    prefix.WriteWindowsFile("WZELKO.INI", SettingsFile(kOffsets));
     WorkingDir cwd(WorkingDir::Kind::LanguageLibraries);
     MessageScript script;
-    auto window = StartWindow();
+    auto window = StartWindow(script);
     ASSERT_TRUE(window->Ready());
     Find<QAction>(*window, "KestelFile_Save")->showStatusText(window->menuBar());
     EXPECT_EQ(Find<QLabel>(*window, "pBottBar")->text(), Language(26));
 }
 
 TEST(PageTable, PagesNotBuiltAreAbsentAndTheirMenuEntriesDisabled) {
-    TempPrefix prefix;
-    prefix.Write("WZELKO.INI", SettingsFile(kOffsets));
+    TempWinePrefix prefix;
+    prefix.WriteWindowsFile("WZELKO.INI", SettingsFile(kOffsets));
     WorkingDir cwd(WorkingDir::Kind::LanguageLibraries);
     MessageScript script;
-    auto window = StartWindow();
+    auto window = StartWindow(script);
     ASSERT_TRUE(window->Ready());
 
     PageControl* pages = window->PageCtl();

@@ -9,7 +9,6 @@
 #include <strings.h>
 #include <unistd.h>
 
-#include "platform/windows_directory.h"
 #include "shell/kestel_main_wind.h"
 
 namespace fs = std::filesystem;
@@ -35,33 +34,6 @@ std::string Trim(std::string s) {
 
 }  // namespace
 
-TempPrefix::TempPrefix() : root_(MakeTempDir("wkestel-ui-prefix-")) {
-    fs::create_directories(WindowsDir());
-    fs::create_directories(root_ / "dosdevices");
-    fs::create_directory_symlink("../drive_c", root_ / "dosdevices" / "c:");
-    platform::SetWinePrefixOverride(root_.string());
-}
-
-TempPrefix::~TempPrefix() {
-    platform::SetWinePrefixOverride("");
-    std::error_code error;
-    fs::remove_all(root_, error);
-}
-
-void TempPrefix::Write(const std::string& name, const std::string& bytes) const {
-    std::ofstream out(File(name), std::ios::binary);
-    out << bytes;
-}
-
-std::string TempPrefix::Read(const std::string& name) const {
-    std::ifstream in(File(name), std::ios::binary);
-    std::ostringstream bytes;
-    bytes << in.rdbuf();
-    return bytes.str();
-}
-
-bool TempPrefix::Exists(const std::string& name) const { return fs::exists(File(name)); }
-
 std::string SettingsFile(const std::string& extraSections, const std::string& controller) {
     return "[WZELKO]\r\nLANGUAGE=ENG\r\nSYSTEM_DIR=C:\\WZELKO\r\n\r\n"
            "[MEASURE INTERFACE]\r\nMEASURE MODE METRIC/INCH=METRIC\r\n\r\n"
@@ -86,8 +58,10 @@ WorkingDir::~WorkingDir() {
     }
 }
 
-MessageScript::MessageScript() {
-    previous_ = SetMessageBoxPresenter([this](const MessageBoxRequest& request) {
+MessageScript::MessageScript() { previous_ = SetMessageBoxPresenter(MessageBoxPresenter{}); Install(); }
+
+void MessageScript::Install() {
+    SetMessageBoxPresenter([this](const MessageBoxRequest& request) {
         shown_.push_back(request);
         if (!answers_.empty()) {
             const int answer = answers_.front();
@@ -100,8 +74,14 @@ MessageScript::MessageScript() {
 
 MessageScript::~MessageScript() { SetMessageBoxPresenter(std::move(previous_)); }
 
-std::unique_ptr<TKestelMainWind> StartWindow(std::vector<std::string> commandLine) {
+bool Exists(const TempWinePrefix& prefix, const std::string& name) {
+    return fs::exists(prefix.WindowsFile(name));
+}
+
+std::unique_ptr<TKestelMainWind> StartWindow(MessageScript& script,
+                                             std::vector<std::string> commandLine) {
     auto window = std::make_unique<TKestelMainWind>(std::move(commandLine));
+    script.Install();
     window->show();
     window->activateWindow();
     (void)QTest::qWaitForWindowActive(window.get(), 2000);

@@ -1,6 +1,6 @@
 #pragma once
-// What the window's tests share: a Wine prefix of their own, the working directory the
-// language libraries are found in, message boxes answered from a script, and a started window.
+// What the window's tests share: the working directory the language libraries are found in,
+// message boxes answered from a script, a started window, typing as a user does.
 
 #include <QString>
 #include <deque>
@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "platform/message_box.h"
+#include "support/temp_prefix.h"
 
 class QLineEdit;
 class QWidget;
@@ -19,27 +20,6 @@ class TKestelMainWind;
 }
 
 namespace wk::test {
-
-// A temporary Wine prefix (drive_c/windows, dosdevices/c:) that every platform call uses
-// while the object lives. Removed afterwards.
-class TempPrefix {
-public:
-    TempPrefix();
-    ~TempPrefix();
-    TempPrefix(const TempPrefix&) = delete;
-    TempPrefix& operator=(const TempPrefix&) = delete;
-
-    std::filesystem::path Root() const { return root_; }
-    std::filesystem::path WindowsDir() const { return root_ / "drive_c" / "windows"; }
-    std::filesystem::path File(const std::string& name) const { return WindowsDir() / name; }
-
-    void Write(const std::string& name, const std::string& bytes) const;
-    std::string Read(const std::string& name) const;
-    bool Exists(const std::string& name) const;
-
-private:
-    std::filesystem::path root_;
-};
 
 // WZELKO.INI with the given extra sections and English as language.
 std::string SettingsFile(const std::string& extraSections, const std::string& controller = "RMD");
@@ -64,6 +44,9 @@ public:
     MessageScript();
     ~MessageScript();
 
+    // Puts this script in place again (the main window installs its own presenter).
+    void Install();
+
     void Answer(int answer) { answers_.push_back(answer); }
     const std::vector<MessageBoxRequest>& Shown() const { return shown_; }
     int Count() const { return static_cast<int>(shown_.size()); }
@@ -75,8 +58,13 @@ private:
     MessageBoxPresenter previous_;
 };
 
-// The main window, shown and activated; the start-up sequence has run (or failed).
-std::unique_ptr<TKestelMainWind> StartWindow(std::vector<std::string> commandLine = {"WKestel32"});
+// The main window, shown and activated, its message boxes answered by `script`; the start-up
+// sequence has run (or failed).
+std::unique_ptr<TKestelMainWind> StartWindow(MessageScript& script,
+                                             std::vector<std::string> commandLine = {"WKestel32"});
+
+// Whether a file exists in the prefix's Windows directory.
+bool Exists(const TempWinePrefix& prefix, const std::string& name);
 
 // Types `text` into an edit field as a user would: focus into it, select, type.
 void TypeInto(QLineEdit* edit, const QString& text);
