@@ -1,0 +1,135 @@
+// Start-up to a ready window: TKestelMainWind created, shown, its first activation done and
+// every built page initialised, beside the floor of a bare Qt window with a menu bar and a tab
+// control, in the same run. Offscreen.
+//
+// The window is started as the program starts it: on a Wine prefix with the settings files
+// (a copy of the demo prefix when the source tree has one), from the folder that holds the
+// language libraries.
+
+#include <benchmark/benchmark.h>
+
+#include <QApplication>
+#include <QMainWindow>
+#include <QMenuBar>
+#include <QTabWidget>
+#include <QVBoxLayout>
+#include <QLineEdit>
+#include <QLabel>
+#include <QPushButton>
+#include <clocale>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+
+#include "platform/message_box.h"
+#include "platform/windows_directory.h"
+#include "shell/kestel_main_wind.h"
+
+namespace fs = std::filesystem;
+
+namespace {
+
+// A representative WZELKO.INI when the source tree has no demo prefix.
+const char* const kSettings =
+    "[WZELKO]\r\nLANGUAGE=ENG\r\nSYSTEM_DIR=C:\\WZELKO\r\n\r\n"
+    "[MEASURE INTERFACE]\r\nMEASURE MODE METRIC/INCH=METRIC\r\n\r\n"
+    "[CONTROLLER]\r\nType=RMD\r\n\r\n"
+    "[MACHINEPARAM]\r\nBRIDGE AXIS STROKE=1200.000000\r\n\r\n"
+    "[MECHAOFFS]\r\noffx=0.000000\r\noffy=152.500000\r\noffz=-310.250000\r\ncompensoff=0.000000\r\n";
+
+class BenchPrefix {
+public:
+    BenchPrefix() {
+        std::string pattern = (fs::temp_directory_path() / "wkestel-bench-XXXXXX").string();
+        root_ = mkdtemp(pattern.data());
+#ifdef WKESTEL_DEMO_PREFIX
+        fs::copy(WKESTEL_DEMO_PREFIX, root_, fs::copy_options::recursive | fs::copy_options::copy_symlinks);
+#else
+        fs::create_directories(root_ / "drive_c" / "windows");
+        fs::create_directories(root_ / "dosdevices");
+        fs::create_directory_symlink("../drive_c", root_ / "dosdevices" / "c:");
+        std::ofstream(root_ / "drive_c" / "windows" / "WZELKO.INI", std::ios::binary) << kSettings;
+#endif
+        wk::platform::SetWinePrefixOverride(root_.string());
+    }
+    ~BenchPrefix() {
+        wk::platform::SetWinePrefixOverride("");
+        std::error_code error;
+        fs::remove_all(root_, error);
+    }
+
+private:
+    fs::path root_;
+};
+
+void WaitUntil(const std::function<bool()>& done) {
+    while (!done()) {
+        QCoreApplication::processEvents(QEventLoop::AllEvents);
+    }
+}
+
+// The floor: what any Qt program with a menu bar and a tab control pays to be on screen.
+void BM_BareQtWindow(benchmark::State& state) {
+    for (auto _ : state) {
+        QMainWindow window;
+        for (const char* title : {"&File", "&General", "&Element", "&Other", "&Help"}) {
+            QMenu* menu = window.menuBar()->addMenu(QString::fromLatin1(title));
+            for (int i = 0; i < 4; ++i) {
+                menu->addAction(QStringLiteral("Entry %1").arg(i));
+            }
+        }
+        auto* central = new QWidget(&window);
+        auto* layout = new QVBoxLayout(central);
+        auto* tabs = new QTabWidget(central);
+        auto* page = new QWidget;
+        auto* pageLayout = new QVBoxLayout(page);
+        for (int i = 0; i < 5; ++i) {
+            pageLayout->addWidget(new QLabel(QStringLiteral("Label %1").arg(i)));
+            pageLayout->addWidget(new QLineEdit);
+        }
+        tabs->addTab(page, QStringLiteral("Page"));
+        layout->addWidget(tabs);
+        layout->addWidget(new QPushButton(QStringLiteral("OK")));
+        window.setCentralWidget(central);
+        window.show();
+        window.activateWindow();
+        WaitUntil([&] { return window.isActiveWindow(); });
+        QCoreApplication::processEvents();
+    }
+}
+BENCHMARK(BM_BareQtWindow)->Unit(benchmark::kMillisecond)->MinTime(2.0);
+
+void BM_KestelMainWindReady(benchmark::State& state) {
+    BenchPrefix prefix;
+    const fs::path previous = fs::current_path();
+    fs::current_path(WKESTEL_LANGUAGE_DIR);
+    for (auto _ : state) {
+        wk::TKestelMainWind window({"WKestel32"});
+        wk::SetMessageBoxPresenter([](const wk::MessageBoxRequest&) { return wk::IDOK; });
+        window.show();
+        window.activateWindow();
+        WaitUntil([&] { return window.Ready() || window.TerminationRequested(); });
+        QCoreApplication::processEvents();
+        if (!window.Ready()) {
+            state.SkipWithError("the window did not start");
+            break;
+        }
+    }
+    wk::SetMessageBoxPresenter({});
+    fs::current_path(previous);
+}
+BENCHMARK(BM_KestelMainWindReady)->Unit(benchmark::kMillisecond)->MinTime(2.0);
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    if (!std::getenv("QT_QPA_PLATFORM")) {
+        setenv("QT_QPA_PLATFORM", "offscreen", 1);
+    }
+    QApplication app(argc, argv);
+    std::setlocale(LC_NUMERIC, "C");
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    benchmark::Shutdown();
+    return 0;
+}
