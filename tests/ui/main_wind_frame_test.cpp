@@ -240,6 +240,14 @@ TEST_F(Frame, OkCommitsTheEditAndNeverWrites) {
     EXPECT_EQ(script_.Count(), 0);
 }
 
+TEST_F(Frame, DestroyingTheWindowRunsNoExitHandler) {
+    QLineEdit* x = Edit("pSLE_OffsetX");
+    TypeInto(x, QStringLiteral("abc"));  // its exit handler would report the text
+    window_.reset();
+    EXPECT_EQ(script_.Count(), 0);
+    EXPECT_EQ(prefix_.ReadWindowsFile("WZELKO.INI"), original_);
+}
+
 TEST_F(Frame, HelpContextIsThatOfTheActivePage) {
     EXPECT_EQ(window_->HelpContextOfPage(), 21);
     Action("KestelHelp_Index")->trigger();  // no help viewer here: nothing to see, no message
