@@ -116,6 +116,13 @@ private:
         }
         const bool listed = ListSectionNames(fresh.get(), work.get());
         const bool closed = std::fclose(work.release()) == 0;
+        if (std::ferror(fresh.get())) {
+            // A fresh file that cannot be read to its end (a directory of that name, a bad
+            // disk) is as good as one that cannot be opened.
+            Fail(UpgradePassStatus::FreshFileNotOpened, "cannot read " + freshPath_);
+            platform::DeleteFileA(workPath_.c_str());
+            return false;
+        }
         if (!listed || !closed) {
             // A list cut short by a full disk would leave sections silently unmerged.
             Fail(UpgradePassStatus::WorkFileNotCreated, "cannot write " + workPath_);

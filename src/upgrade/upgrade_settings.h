@@ -50,7 +50,7 @@ struct UpgradeKeyEntry {
 enum class UpgradePassStatus {
     Merged,             // the pass ran to its end and its writes reached the fresh file
     NoSavedFile,        // the saved file does not exist: the pass was skipped silently
-    FreshFileNotOpened, // the fresh file could not be opened: nothing written, upgrade ended
+    FreshFileNotOpened, // the fresh file could not be opened or read: nothing written, ended
     WorkFileNotCreated, // the work file could not be written: nothing written, upgrade ended
     WriteFailed,        // the merged fresh file could not be written: it is as it was
     NotReached,         // an earlier pass ended the upgrade
