@@ -37,7 +37,7 @@ public:
 
 private:
     std::string Fresh() const {
-        return std::filesystem::exists(prefix_.WindowsFile("WZELKO.INI"))
+        return std::filesystem::is_regular_file(prefix_.WindowsFile("WZELKO.INI"))
                    ? prefix_.ReadWindowsFile("WZELKO.INI")
                    : std::string();
     }
