@@ -65,7 +65,7 @@ std::string WindowsDirectory() {
 }
 
 std::string CannotOpen(const std::string& path, int error) {
-    return "cannot open " + path + ": " + std::strerror(error);
+    return "cannot open " + path + (error != 0 ? std::string(": ") + std::strerror(error) : "");
 }
 
 // Shows the progress for the whole of a pass, failures and exceptions included.
@@ -101,6 +101,7 @@ public:
 private:
     // Writes the fresh file's section names to the work file. False ends the upgrade.
     bool ListSections() {
+        errno = 0;
         File fresh(platform::OpenFileA(freshPath_.c_str(), "rt"));
         if (!fresh) {
             Fail(UpgradePassStatus::FreshFileNotOpened, CannotOpen(freshPath_, errno));
@@ -109,6 +110,7 @@ private:
         // The original did not check that the work file could be created. Without it there
         // is no list of sections to merge, so the pass ends as it does for a fresh file that
         // cannot be opened: nothing is written and the upgrade stops.
+        errno = 0;
         File work(platform::OpenFileA(workPath_.c_str(), "w"));
         if (!work) {
             Fail(UpgradePassStatus::WorkFileNotCreated, CannotOpen(workPath_, errno));
