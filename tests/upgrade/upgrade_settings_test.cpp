@@ -372,6 +372,15 @@ TEST_F(UpgradeSettings, AMissingSavFileSkipsTheFirstPassAndTheSecondPassStillRun
                                                          "Finish"}));
 }
 
+TEST_F(UpgradeSettings, FilesNamedInAnotherCaseOnDiskAreFoundAsWindowsFindsThem) {
+    Write("wzelko.ini", "[A]\r\nK=1\r\n");
+    Write("Wzelko.Sav", "[A]\r\nK=2\r\n");
+    const UpgradeReport report = Run();
+    EXPECT_EQ(report.passes[0].status, UpgradePassStatus::Merged);
+    EXPECT_EQ(Bytes("wzelko.ini"), "[A]\r\nK=2\r\n");
+    EXPECT_FALSE(Exists("WZELKO.INI"));
+}
+
 TEST_F(UpgradeSettings, TheSecondSavedFileKeepsItsIrregularName) {
     Write("WZELKO32.INI", "[B]\r\nK=1\r\n");
     Write("WZELKO32.SAV", "[B]\r\nK=2\r\n");
