@@ -11,9 +11,9 @@ struct KeptKey {
 };
 
 constexpr KeptKey kKeptKeys[] = {
-    {"WZELKO", "SYSTEM_DIR"}, {"WZELKO", "DATA_DIR"},    {"WZELKO", "PPROG_DIR"},
-    {"WZELKO", "MEAS_DIR"},   {"WZELKO", "USER_DIR"},    {"CMM", "SIMULATION"},
-    {"CMM", "CNC"},           {"PH9", "SIMULATION"},     {"PH9", "PH9PRESENT"},
+    {"WZELKO", "SYSTEM_DIR"}, {"WZELKO", "DATA_DIR"}, {"WZELKO", "PPROG_DIR"},
+    {"WZELKO", "MEAS_DIR"},   {"WZELKO", "USER_DIR"}, {"CMM", "SIMULATION"},
+    {"CMM", "CNC"},           {"PH9", "SIMULATION"},  {"PH9", "PH9PRESENT"},
     {"CONTROLLER", "TYPE"},   {"COMPENS", "METHOD"},
 };
 
@@ -21,7 +21,9 @@ constexpr char kCompensSection[] = "COMPENS";
 constexpr char kMethodKey[] = "METHOD";
 constexpr char kControllerMethod[] = "CTRL";
 
-char LowerAscii(char c) { return (c >= 'A' && c <= 'Z') ? static_cast<char>(c - 'A' + 'a') : c; }
+char LowerAscii(char c) {
+    return (c >= 'A' && c <= 'Z') ? static_cast<char>(c - 'A' + 'a') : c;
+}
 
 bool EqualsIgnoringCase(const char* a, const char* b) {
     for (; *a != '\0' && *b != '\0'; ++a, ++b) {

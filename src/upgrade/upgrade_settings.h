@@ -40,20 +40,20 @@ enum class UpgradeKeyFate {
 };
 
 struct UpgradeKeyEntry {
-    std::string section;         // upper-cased, as the merge names it
-    std::string key;             // as the fresh file spells it
+    std::string section;  // upper-cased, as the merge names it
+    std::string key;      // as the fresh file spells it
     UpgradeKeyFate fate = UpgradeKeyFate::Carried;
     std::string savedValue;      // the value read from the saved file; empty when not read
     std::string installedValue;  // Carried only: the fresh file's value before the merge
 };
 
 enum class UpgradePassStatus {
-    Merged,             // the pass ran to its end and its writes reached the fresh file
-    NoSavedFile,        // the saved file does not exist: the pass was skipped silently
-    FreshFileNotOpened, // the fresh file could not be opened or read: nothing written, ended
-    WorkFileNotCreated, // the work file could not be written: nothing written, upgrade ended
-    WriteFailed,        // the merged fresh file could not be written: it is as it was
-    NotReached,         // an earlier pass ended the upgrade
+    Merged,              // the pass ran to its end and its writes reached the fresh file
+    NoSavedFile,         // the saved file does not exist: the pass was skipped silently
+    FreshFileNotOpened,  // the fresh file could not be opened or read: nothing written, ended
+    WorkFileNotCreated,  // the work file could not be written: nothing written, upgrade ended
+    WriteFailed,         // the merged fresh file could not be written: it is as it was
+    NotReached,          // an earlier pass ended the upgrade
 };
 
 struct UpgradePassReport {
@@ -62,7 +62,7 @@ struct UpgradePassReport {
     std::string savedFile;   //   ("C:\windows\WZELKO.INI")
     std::string statusText;  // what the progress showed ("Upgrading WZELKO.INI. Please Wait...")
     UpgradePassStatus status = UpgradePassStatus::NotReached;
-    std::string problem;     // in words, for the failures
+    std::string problem;                // in words, for the failures
     std::vector<UpgradeKeyEntry> keys;  // in the order the merge met them
 };
 

@@ -76,8 +76,8 @@ TEST(SectionNames, OnlyTheFirstBracketOfAPieceCounts) {
 
 TEST(SectionNames, BinaryBytesAndNulsDoNotStopTheListing) {
     // A NUL ends what the piece shows, so a '[' after it on the same line is not seen.
-    const std::string bytes = std::string("[A]\n\xff\xfe", 6) + std::string(1, '\0') +
-                              "junk[\n[B]\n";
+    const std::string bytes =
+        std::string("[A]\n\xff\xfe", 6) + std::string(1, '\0') + "junk[\n[B]\n";
     EXPECT_EQ(WorkFileFor(bytes), "A\nB\n");
 }
 

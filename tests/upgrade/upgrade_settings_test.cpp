@@ -368,8 +368,8 @@ TEST_F(UpgradeSettings, AMissingSavFileSkipsTheFirstPassAndTheSecondPassStillRun
     EXPECT_EQ(report.passes[0].status, UpgradePassStatus::NoSavedFile);
     EXPECT_EQ(report.passes[1].status, UpgradePassStatus::Merged);
     EXPECT_TRUE(report.Succeeded());
-    EXPECT_EQ(progress_.calls, (std::vector<std::string>{"Prepare: " + std::string(kPass2Text),
-                                                         "Finish"}));
+    EXPECT_EQ(progress_.calls,
+              (std::vector<std::string>{"Prepare: " + std::string(kPass2Text), "Finish"}));
 }
 
 TEST_F(UpgradeSettings, FilesNamedInAnotherCaseOnDiskAreFoundAsWindowsFindsThem) {
@@ -408,10 +408,9 @@ TEST_F(UpgradeSettings, TheProgressIsShownOncePerPassWithItsExactText) {
     Write("WZELKO32.INI", "[B]\r\nK=1\r\n");
     Write("WZELKO32INI.SAVE", "[B]\r\nK=2\r\n");
     const UpgradeReport report = Run();
-    EXPECT_EQ(progress_.calls,
-              (std::vector<std::string>{"Prepare: Upgrading WZELKO.INI. Please Wait...", "Finish",
-                                        "Prepare: Upgrading WZELKO32.INI. Please Wait...",
-                                        "Finish"}));
+    EXPECT_EQ(progress_.calls, (std::vector<std::string>{
+                                   "Prepare: Upgrading WZELKO.INI. Please Wait...", "Finish",
+                                   "Prepare: Upgrading WZELKO32.INI. Please Wait...", "Finish"}));
     EXPECT_EQ(report.passes[0].statusText, kPass1Text);
     EXPECT_EQ(report.passes[1].statusText, kPass2Text);
 }
