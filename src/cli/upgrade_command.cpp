@@ -55,8 +55,12 @@ void PrintPass(const UpgradePassReport& pass, CliContext& ctx) {
     for (const UpgradeKeyEntry& entry : pass.keys) {
         ctx.out << "  ";
         if (entry.fate == UpgradeKeyFate::Carried) {
-            ctx.out << "carried [" << entry.section << "] " << entry.key << "=" << entry.savedValue
-                    << "  (was " << entry.installedValue << ")\n";
+            ctx.out << "carried [" << entry.section << "] " << entry.key << "=" << entry.savedValue;
+            if (entry.installedValue == entry.savedValue) {
+                ctx.out << "  (unchanged)\n";
+            } else {
+                ctx.out << "  (was " << entry.installedValue << ")\n";
+            }
         } else {
             ctx.out << "left    [" << entry.section << "] " << entry.key << ": " << Why(entry);
             if (!entry.savedValue.empty() && entry.fate == UpgradeKeyFate::MethodNotCtrl)

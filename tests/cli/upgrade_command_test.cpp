@@ -22,8 +22,9 @@ protected:
 
 TEST_F(UpgradeCommand, PrintsPerPassWhatItCarriedAndWhatItLeftAndExitsZero) {
     prefix_.WriteWindowsFile("WZELKO.INI",
-                             "[CMM]\r\nCNC=TRUE\r\nPORT=COM1:\r\nSPEED=1\r\nNEW=5\r\n");
-    prefix_.WriteWindowsFile("WZELKO.SAV", "[CMM]\r\nCNC=FALSE\r\nPORT=COM3:\r\nSPEED=NONE\r\n");
+                             "[CMM]\r\nCNC=TRUE\r\nPORT=COM1:\r\nSPEED=1\r\nNEW=5\r\nUNITS=MM\r\n");
+    prefix_.WriteWindowsFile("WZELKO.SAV",
+                             "[CMM]\r\nCNC=FALSE\r\nPORT=COM3:\r\nSPEED=NONE\r\nUNITS=MM\r\n");
     prefix_.WriteWindowsFile("WZELKO32.INI", "[COMPENS]\r\nMETHOD=QEN\r\nACTIVE=1\r\n");
     prefix_.WriteWindowsFile("WZELKO32INI.SAVE", "[COMPENS]\r\nMETHOD=TABLE\r\nACTIVE=0\r\n");
     auto r = Run();
@@ -34,12 +35,13 @@ TEST_F(UpgradeCommand, PrintsPerPassWhatItCarriedAndWhatItLeftAndExitsZero) {
               "  carried [CMM] PORT=COM3:  (was COM1:)\n"
               "  left    [CMM] SPEED: the saved value is NONE\n"
               "  left    [CMM] NEW: not in the saved file\n"
+              "  carried [CMM] UNITS=MM  (unchanged)\n"
               "Pass 2: C:\\windows\\WZELKO32INI.SAVE into C:\\windows\\WZELKO32.INI\n"
               "  left    [COMPENS] METHOD: kept as installed, the saved method is not CTRL "
               "(saved TABLE)\n"
               "  carried [COMPENS] ACTIVE=0  (was 1)\n");
     EXPECT_EQ(prefix_.ReadWindowsFile("WZELKO.INI"),
-              "[CMM]\r\nCNC=TRUE\r\nPORT=COM3:\r\nSPEED=1\r\nNEW=5\r\n");
+              "[CMM]\r\nCNC=TRUE\r\nPORT=COM3:\r\nSPEED=1\r\nNEW=5\r\nUNITS=MM\r\n");
     EXPECT_EQ(prefix_.ReadWindowsFile("WZELKO32.INI"), "[COMPENS]\r\nMETHOD=QEN\r\nACTIVE=0\r\n");
 }
 
