@@ -530,6 +530,29 @@ TEST_F(UpgradeSettings, OnePassGivesTheBytesOfItsWritesOneByOne) {
     EXPECT_EQ(Value("WZELKO.INI", "SOUNDS", "BEEP"), "B.WAV");
 }
 
+TEST_F(UpgradeSettings, ADamagedFreshFileKeepsEveryByteThatNoCarriedValueReplaces) {
+    // Not at the very start: "\xff\xfe" there would make it a UTF-16LE file.
+    const std::string junk = std::string("x\xff\xfe\x00junk\x1a\r\n", 11);
+    const std::string fresh = junk + "[A]\r\nK=1\r\nno equals sign\r\n" + std::string(300, '#') +
+                              "\n[B\r\nL=1\r\n=orphan\r\n[A]\r\nM=1";
+    Write("WZELKO.INI", fresh);
+    Write("WZELKO.SAV", junk + "[A]\r\nK=2\r\nM=2\r\n[B]\r\nL=2\r\n");
+    const UpgradeReport report = Run();
+    EXPECT_EQ(report.passes[0].status, UpgradePassStatus::Merged);
+
+    Write("EXPECTED.INI", fresh);
+    for (const UpgradeKeyEntry& entry : report.passes[0].keys) {
+        if (entry.fate != UpgradeKeyFate::Carried) continue;
+        WritePrivateProfileStringA(entry.section.c_str(), entry.key.c_str(),
+                                   entry.savedValue.c_str(), "EXPECTED.INI");
+    }
+    EXPECT_EQ(Bytes("WZELKO.INI"), Bytes("EXPECTED.INI"));
+    EXPECT_EQ(Bytes("WZELKO.INI").substr(0, junk.size()), junk);
+    EXPECT_EQ(Value("WZELKO.INI", "A", "K"), "2");
+    EXPECT_EQ(Value("WZELKO.INI", "B", "L"), "2");
+    EXPECT_FALSE(Exists("TEMP.TMP"));
+}
+
 TEST_F(UpgradeSettings, TheReportSaysWhatBecameOfEveryKeyInTheOrderMet) {
     Write("WZELKO.INI", "[cmm]\r\nCNC=TRUE\r\nPort=COM1:\r\nSPEED=1\r\nNEW=1\r\n");
     Write("WZELKO.SAV", "[CMM]\r\nCNC=FALSE\r\nPORT=COM3:\r\nSPEED=NONE\r\n");
