@@ -48,9 +48,9 @@ struct FileCloser {
 };
 using File = std::unique_ptr<std::FILE, FileCloser>;
 
-// The Windows directory as the measuring application names it ("C:\windows"). The original
-// built its paths in buffers of 144 characters; a longer directory is taken whole here
-// rather than cut.
+// The Windows directory as the measuring application names it ("C:\windows"). Earlier
+// versions of the editor built their paths in buffers of 144 characters; a longer directory
+// is taken whole here rather than cut.
 std::string WindowsDirectory() {
     std::string buffer(144, '\0');
     std::uint32_t length =
@@ -107,9 +107,9 @@ private:
             Fail(UpgradePassStatus::FreshFileNotOpened, CannotOpen(freshPath_, errno));
             return false;
         }
-        // The original did not check that the work file could be created. Without it there
-        // is no list of sections to merge, so the pass ends as it does for a fresh file that
-        // cannot be opened: nothing is written and the upgrade stops.
+        // Earlier versions of the editor did not check that the work file could be created.
+        // Without it there is no list of sections to merge, so the pass ends as it does for a
+        // fresh file that cannot be opened: nothing is written and the upgrade stops.
         errno = 0;
         File work(platform::OpenFileA(workPath_.c_str(), "w"));
         if (!work) {
@@ -245,9 +245,9 @@ UpgradeReport UpgradeSettingsFiles(UpgradeProgress& progress) {
             ProgressScope shown(progress, pass.statusText);
             Pass(kPasses[i], windowsDirectory, pass).Run();
         }
-        // A file that could not be opened or written ends the upgrade; a pass that wrote
-        // nothing because the write failed is reported, and the next pass still runs, as the
-        // original's unchecked per-key writes did.
+        // A file that could not be opened, read or listed ends the upgrade. A pass whose merged
+        // file could not be written is reported, and the next pass still runs, as it did when
+        // every key was written by itself and a failed write went unnoticed.
         if (pass.status == UpgradePassStatus::FreshFileNotOpened ||
             pass.status == UpgradePassStatus::WorkFileNotCreated)
             break;
