@@ -178,12 +178,12 @@ private:
         GetPrivateProfileStringA(section.c_str(), key, kNoSavedValue, saved, kSavedValueSize,
                                  savedPath_.c_str());
         entry.savedValue = saved;
-        if (method && !IsControllerCompensation(saved)) {
-            entry.fate = UpgradeKeyFate::MethodNotCtrl;
-        } else if (std::strcmp(saved, kNoSavedValue) == 0) {
+        if (std::strcmp(saved, kNoSavedValue) == 0) {
             entry.fate = InSavedFile(section, key) ? UpgradeKeyFate::SavedValueNone
                                                    : UpgradeKeyFate::NotInSavedFile;
             if (entry.fate == UpgradeKeyFate::NotInSavedFile) entry.savedValue.clear();
+        } else if (method && !IsControllerCompensation(saved)) {
+            entry.fate = UpgradeKeyFate::MethodNotCtrl;
         } else {
             char installed[kInstalledValueSize];
             const std::uint32_t n = GetPrivateProfileStringA(

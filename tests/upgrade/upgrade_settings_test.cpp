@@ -322,8 +322,10 @@ TEST_F(UpgradeSettings, ASavedMethodOtherThanCtrlOfTheSecondFileIsNotCarried) {
 TEST_F(UpgradeSettings, AMissingSavedMethodOfTheSecondFileLeavesTheFreshValue) {
     Write("WZELKO32.INI", "[COMPENS]\r\nMETHOD=QEN\r\n");
     Write("WZELKO32INI.SAVE", "[COMPENS]\r\nACTIVE=0\r\n");
-    Run();
+    const UpgradeReport report = Run();
     EXPECT_EQ(Bytes("WZELKO32.INI"), "[COMPENS]\r\nMETHOD=QEN\r\n");
+    ASSERT_EQ(report.passes[1].keys.size(), 1u);
+    EXPECT_EQ(report.passes[1].keys[0].fate, UpgradeKeyFate::NotInSavedFile);
 }
 
 TEST_F(UpgradeSettings, AnySavedMethodOfTheFirstFileIsNotCarriedNotEvenCtrl) {
