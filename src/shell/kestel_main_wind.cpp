@@ -329,7 +329,9 @@ bool TKestelMainWind::FirstActivation() {
     CaptionMenus();
     SettingsFilePresenceCheck();
 
-    // The upgrade of the settings files is not part of this window yet.
+    if (upgradeRequested_) {
+        UpgradeSettingsFiles(*this);
+    }
 
     settings_ = std::make_unique<SetupSettings>(flags_);
     settings_->ReadAll();
@@ -393,6 +395,30 @@ void TKestelMainWind::SettingsFilePresenceCheck() {
         ApplicationTerminate();
     }
     pBottBar_->setText(QString());
+}
+
+void TKestelMainWind::Prepare(const std::string& statusText) {
+    beforeUpgrade_.pageControl = pageControl_->isVisible();
+    beforeUpgrade_.window = isVisible();
+    beforeUpgrade_.ok = pOK_->isVisible();
+    beforeUpgrade_.cancel = pCancel_->isVisible();
+    beforeUpgrade_.cursor = cursor();
+    pageControl_->setVisible(false);
+    pOK_->setVisible(false);
+    pCancel_->setVisible(false);
+    setVisible(true);
+    setCursor(Qt::WaitCursor);
+    pBottBar_->setText(FromAnsi(statusText));
+    repaint();
+}
+
+void TKestelMainWind::Finish() {
+    pageControl_->setVisible(beforeUpgrade_.pageControl);
+    setVisible(beforeUpgrade_.window);
+    pOK_->setVisible(beforeUpgrade_.ok);
+    pCancel_->setVisible(beforeUpgrade_.cancel);
+    setCursor(beforeUpgrade_.cursor);
+    repaint();
 }
 
 void TKestelMainWind::ApplicationTerminate() {

@@ -7,6 +7,7 @@
 // shown, when a page's edits reach the record, when the user is asked whether to save, when
 // the files are written, help by page and the about box.
 
+#include <QCursor>
 #include <QMainWindow>
 #include <array>
 #include <memory>
@@ -17,6 +18,7 @@
 #include "platform/text_to_number.h"
 #include "settings/controller_type.h"
 #include "shell/page_table.h"
+#include "upgrade/upgrade_settings.h"
 
 class QAction;
 class QLabel;
@@ -30,7 +32,7 @@ class KestelPage;
 class PageControl;
 class SetupSettings;
 
-class TKestelMainWind : public QMainWindow {
+class TKestelMainWind : public QMainWindow, public UpgradeProgress {
     Q_OBJECT
 
 public:
@@ -76,6 +78,11 @@ public:
     PageControl* PageCtl() const { return pageControl_; }
     KestelPage* Page(const char* sheetName) const;
     const std::string& ControllerType() const { return controllerType_; }
+
+    // The window during the settings-file upgrade: only the status line shows, with the
+    // hourglass; the message loop does not run, so the window is repainted at once.
+    void Prepare(const std::string& statusText) override;
+    void Finish() override;
 
 signals:
     // The application is asked to end; it does so when control returns to the event loop.
@@ -130,6 +137,15 @@ private:
     std::array<KestelPage*, kPageCount> pages_{};
     std::array<QAction*, kPageCount> pageActions_{};
     QAction* controlSeparator_ = nullptr;
+
+    // What Prepare found, for Finish to put back.
+    struct {
+        bool pageControl = false;
+        bool window = false;
+        bool ok = false;
+        bool cancel = false;
+        QCursor cursor;
+    } beforeUpgrade_;
 };
 
 template <typename Handler>

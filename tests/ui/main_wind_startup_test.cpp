@@ -163,6 +163,46 @@ TEST(CommandLine, UpgradeWithALeadingSlashOrAnEqualsSignDoesNotRequestTheUpgrade
     EXPECT_FALSE(TKestelMainWind({"WKestel32", "-upgrade"}).UpgradeRequested());
 }
 
+// A fresh WZELKO.INI and the user's saved WZELKO.SAV beside it, with another Y offset.
+void WriteFreshAndSaved(TempWinePrefix& prefix) {
+    prefix.WriteWindowsFile("WZELKO.INI", SettingsFile("[MECHAOFFS]\r\noffx=0\r\noffy=1\r\n"));
+    prefix.WriteWindowsFile("WZELKO.SAV", SettingsFile("[MECHAOFFS]\r\noffx=0\r\noffy=99\r\n"));
+}
+
+TEST(Upgrade, WordUpgradeRunsTheUpgradeBeforeTheRecordIsRead) {
+    TempWinePrefix prefix;
+    WriteFreshAndSaved(prefix);
+    WorkingDir cwd(WorkingDir::Kind::LanguageLibraries);
+    MessageScript script;
+    auto window = StartWindow(script, {"WKestel32", "Upgrade"});
+    ASSERT_TRUE(window->Ready());
+    EXPECT_EQ(Find<QLineEdit>(*window, "pSLE_OffsetY")->text(), QStringLiteral("99"));
+    EXPECT_EQ(test::IniValue(prefix.ReadWindowsFile("WZELKO.INI"), "MECHAOFFS", "offy"), "99");
+    EXPECT_FALSE(window->Settings()->Modified);
+    EXPECT_FALSE(test::Exists(prefix, "TEMP.TMP"));
+    // The status line keeps the last pass's text; the controls and the cursor are back.
+    EXPECT_EQ(Find<QLabel>(*window, "pBottBar")->text(),
+              QStringLiteral("Upgrading WZELKO.INI. Please Wait..."));
+    EXPECT_TRUE(window->PageCtl()->isVisible());
+    EXPECT_TRUE(Find<QPushButton>(*window, "pOK")->isVisible());
+    EXPECT_EQ(window->cursor().shape(), Qt::ArrowCursor);
+    EXPECT_EQ(script.Count(), 0);
+}
+
+TEST(Upgrade, UpgradeWithALeadingSlashOrAnEqualsSignLeavesTheFilesAlone) {
+    for (const char* word : {"/UPGRADE", "UPGRADE=1"}) {
+        TempWinePrefix prefix;
+        WriteFreshAndSaved(prefix);
+        const std::string fresh = prefix.ReadWindowsFile("WZELKO.INI");
+        WorkingDir cwd(WorkingDir::Kind::LanguageLibraries);
+        MessageScript script;
+        auto window = StartWindow(script, {"WKestel32", word});
+        ASSERT_TRUE(window->Ready()) << word;
+        EXPECT_EQ(Find<QLineEdit>(*window, "pSLE_OffsetY")->text(), QStringLiteral("1")) << word;
+        EXPECT_EQ(prefix.ReadWindowsFile("WZELKO.INI"), fresh) << word;
+    }
+}
+
 std::unique_ptr<TKestelMainWind> StartWithLanguage(TempWinePrefix& prefix, MessageScript& script,
                                                   const std::string& language) {
     prefix.WriteWindowsFile("WZELKO.INI", "[WZELKO]\r\nLANGUAGE=" + language + "\r\n");
