@@ -9,13 +9,13 @@
 #include <benchmark/benchmark.h>
 
 #include <QApplication>
+#include <QLabel>
+#include <QLineEdit>
 #include <QMainWindow>
 #include <QMenuBar>
+#include <QPushButton>
 #include <QTabWidget>
 #include <QVBoxLayout>
-#include <QLineEdit>
-#include <QLabel>
-#include <QPushButton>
 #include <clocale>
 #include <cstdlib>
 #include <filesystem>
@@ -35,7 +35,8 @@ const char* const kSettings =
     "[MEASURE INTERFACE]\r\nMEASURE MODE METRIC/INCH=METRIC\r\n\r\n"
     "[CONTROLLER]\r\nType=RMD\r\n\r\n"
     "[MACHINEPARAM]\r\nBRIDGE AXIS STROKE=1200.000000\r\n\r\n"
-    "[MECHAOFFS]\r\noffx=0.000000\r\noffy=152.500000\r\noffz=-310.250000\r\ncompensoff=0.000000\r\n";
+    "[MECHAOFFS]\r\noffx=0.000000\r\noffy=152.500000\r\noffz=-310.250000\r\ncompensoff=0."
+    "000000\r\n";
 
 class BenchPrefix {
 public:
@@ -43,7 +44,8 @@ public:
         std::string pattern = (fs::temp_directory_path() / "wkestel-bench-XXXXXX").string();
         root_ = mkdtemp(pattern.data());
 #ifdef WKESTEL_DEMO_PREFIX
-        fs::copy(WKESTEL_DEMO_PREFIX, root_, fs::copy_options::recursive | fs::copy_options::copy_symlinks);
+        fs::copy(WKESTEL_DEMO_PREFIX, root_,
+                 fs::copy_options::recursive | fs::copy_options::copy_symlinks);
 #else
         fs::create_directories(root_ / "drive_c" / "windows");
         fs::create_directories(root_ / "dosdevices");

@@ -58,7 +58,8 @@ int main(int argc, char** argv) {
             std::printf("%s\n", path.toLocal8Bit().constData());
             ++written;
         } else {
-            std::fprintf(stderr, "wkestel-screenshots: cannot write %s\n", path.toLocal8Bit().constData());
+            std::fprintf(stderr, "wkestel-screenshots: cannot write %s\n",
+                         path.toLocal8Bit().constData());
         }
     };
     wk::PageControl* pages = mainWind.PageCtl();

@@ -86,11 +86,21 @@ TMecOffPage::TMecOffPage(TKestelMainWind& mainWind) : KestelPage(mainWind) {
     connect(pSLE_BridgeStroke, &EditField::Exit, this, &TMecOffPage::pSLE_BridgeStrokeExit);
 }
 
-double& TMecOffPage::OffsetX() const { return mainWind_.Settings()->OffsetX; }
-double& TMecOffPage::OffsetY() const { return mainWind_.Settings()->OffsetY; }
-double& TMecOffPage::OffsetZ() const { return mainWind_.Settings()->OffsetZ; }
-double& TMecOffPage::CompensOffset() const { return mainWind_.Settings()->CompensOffset; }
-double& TMecOffPage::BridgeAxisStroke() const { return mainWind_.Settings()->BridgeAxisStroke; }
+double& TMecOffPage::OffsetX() const {
+    return mainWind_.Settings()->OffsetX;
+}
+double& TMecOffPage::OffsetY() const {
+    return mainWind_.Settings()->OffsetY;
+}
+double& TMecOffPage::OffsetZ() const {
+    return mainWind_.Settings()->OffsetZ;
+}
+double& TMecOffPage::CompensOffset() const {
+    return mainWind_.Settings()->CompensOffset;
+}
+double& TMecOffPage::BridgeAxisStroke() const {
+    return mainWind_.Settings()->BridgeAxisStroke;
+}
 
 void TMecOffPage::ShowValue(EditField* field, double value) {
     // setText also clears the field's modified mark.
@@ -105,8 +115,8 @@ void TMecOffPage::Initialise() {
     pST_CompOffset->setText(mainWind_.LanguageText(kIdCompOffset));
     pST_BridgeStroke->setText(mainWind_.LanguageText(kIdBridgeStroke));
     const QString millimetres = mainWind_.LanguageText(kIdMillimetres);
-    for (QLabel* unit : {pST_CompX_Unity, pST_CompY_Unity, pST_CompZ_Unity, pST_CompOff_Unity,
-                         pST_Bridge_Unity}) {
+    for (QLabel* unit :
+         {pST_CompX_Unity, pST_CompY_Unity, pST_CompZ_Unity, pST_CompOff_Unity, pST_Bridge_Unity}) {
         unit->setText(millimetres);
     }
     Load(true);
@@ -124,11 +134,21 @@ void TMecOffPage::CommitField(EditField* field, double& value) {
     });
 }
 
-void TMecOffPage::pSLE_OffsetXExit() { CommitField(pSLE_OffsetX, OffsetX()); }
-void TMecOffPage::pSLE_OffsetYExit() { CommitField(pSLE_OffsetY, OffsetY()); }
-void TMecOffPage::pSLE_OffsetZExit() { CommitField(pSLE_OffsetZ, OffsetZ()); }
-void TMecOffPage::pSLE_CompOffsetExit() { CommitField(pSLE_CompOffset, CompensOffset()); }
-void TMecOffPage::pSLE_BridgeStrokeExit() { CommitField(pSLE_BridgeStroke, BridgeAxisStroke()); }
+void TMecOffPage::pSLE_OffsetXExit() {
+    CommitField(pSLE_OffsetX, OffsetX());
+}
+void TMecOffPage::pSLE_OffsetYExit() {
+    CommitField(pSLE_OffsetY, OffsetY());
+}
+void TMecOffPage::pSLE_OffsetZExit() {
+    CommitField(pSLE_OffsetZ, OffsetZ());
+}
+void TMecOffPage::pSLE_CompOffsetExit() {
+    CommitField(pSLE_CompOffset, CompensOffset());
+}
+void TMecOffPage::pSLE_BridgeStrokeExit() {
+    CommitField(pSLE_BridgeStroke, BridgeAxisStroke());
+}
 
 void TMecOffPage::Store() {
     pSLE_OffsetXExit();

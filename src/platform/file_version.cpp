@@ -93,8 +93,7 @@ bool GetFileVersionInfoA(const char* fileName, std::uint32_t /*handle*/, std::ui
     return true;
 }
 
-bool VerQueryValueA(const void* block, const char* subBlock, void** buffer,
-                    std::uint32_t* length) {
+bool VerQueryValueA(const void* block, const char* subBlock, void** buffer, std::uint32_t* length) {
     if (!block || !subBlock || !buffer || !length || std::strcmp(subBlock, "\\") != 0) {
         return false;
     }

@@ -16,7 +16,8 @@ QStringList QtNameFilters(const QString& windowsFilter) {
         if (description.endsWith(bracketed)) {
             filters << description;
         } else {
-            filters << (description.isEmpty() ? bracketed : description + QLatin1Char(' ') + bracketed);
+            filters << (description.isEmpty() ? bracketed
+                                              : description + QLatin1Char(' ') + bracketed);
         }
     }
     return filters;

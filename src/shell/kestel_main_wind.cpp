@@ -23,8 +23,8 @@
 #include "platform/windows_directory.h"
 #include "settings/profile_helpers.h"
 #include "settings/setup_settings.h"
-#include "shell/kestel_page.h"
 #include "shell/file_filter.h"
+#include "shell/kestel_page.h"
 #include "shell/qt_message_box.h"
 #include "widgets/edit_field.h"
 #include "widgets/page_control.h"
@@ -50,7 +50,9 @@ std::string Upper(std::string text) {
     return text;
 }
 
-bool SameText(const std::string& a, const char* b) { return Upper(a) == Upper(b); }
+bool SameText(const std::string& a, const char* b) {
+    return Upper(a) == Upper(b);
+}
 
 QString FromAnsi(const std::string& text) {
     return QString::fromStdString(platform::AnsiToUtf8(text));
@@ -142,7 +144,8 @@ void TKestelMainWind::BuildMenu() {
                                    QStringLiteral("&") + QString::fromLatin1(entry.designCaption));
         // A page that is not built is not offered.
         action->setEnabled(entry.factory != nullptr);
-        connect(action, &QAction::triggered, this, [this, pageIndex] { SelectPageFromMenu(pageIndex); });
+        connect(action, &QAction::triggered, this,
+                [this, pageIndex] { SelectPageFromMenu(pageIndex); });
         pageActions_[static_cast<std::size_t>(pageIndex)] = action;
         return action;
     };
@@ -389,7 +392,8 @@ void TKestelMainWind::SettingsFilePresenceCheck() {
     GetWindowsDirectoryA(path, 512);
     std::strcat(path, "\\WZELKO.INI");
     if (!platform::FileExistsA(path)) {
-        MessageBoxA(static_cast<QWidget*>(this), GetLanguageString(kIdFileMissing, kLanguageMaxLength).c_str(), "",
+        MessageBoxA(static_cast<QWidget*>(this),
+                    GetLanguageString(kIdFileMissing, kLanguageMaxLength).c_str(), "",
                     MB_OK | MB_ICONSTOP);
         // The sequence goes on; the program ends once control is back in the event loop.
         ApplicationTerminate();
@@ -487,7 +491,9 @@ void TKestelMainWind::SelectPageFromMenu(int pageIndex) {
     }
 }
 
-void TKestelMainWind::KestelFile_SaveClick() { ApplyCurrentPage(true); }
+void TKestelMainWind::KestelFile_SaveClick() {
+    ApplyCurrentPage(true);
+}
 
 void TKestelMainWind::KestelFile_ExitClick() {
     if (ApplyCurrentPage(false)) {
@@ -495,7 +501,9 @@ void TKestelMainWind::KestelFile_ExitClick() {
     }
 }
 
-bool TKestelMainWind::FormCloseQuery() { return ApplyCurrentPage(false); }
+bool TKestelMainWind::FormCloseQuery() {
+    return ApplyCurrentPage(false);
+}
 
 void TKestelMainWind::closeEvent(QCloseEvent* event) {
     if (FormCloseQuery()) {
@@ -505,7 +513,9 @@ void TKestelMainWind::closeEvent(QCloseEvent* event) {
     }
 }
 
-bool TKestelMainWind::KestelPageControlChanging() { return ApplyCurrentPage(false); }
+bool TKestelMainWind::KestelPageControlChanging() {
+    return ApplyCurrentPage(false);
+}
 
 void TKestelMainWind::KestelPageControlChange() {
     const int index = ActivePageIndex();
@@ -549,15 +559,14 @@ void TKestelMainWind::pCancelClick() {
 void TKestelMainWind::keyPressEvent(QKeyEvent* event) {
     // pOK is the window's default button and pCancel its cancel button: Enter and Escape that
     // no control took for itself click them.
-    const bool plain = event->modifiers() == Qt::NoModifier ||
-                       event->modifiers() == Qt::KeypadModifier;
+    const bool plain =
+        event->modifiers() == Qt::NoModifier || event->modifiers() == Qt::KeypadModifier;
     if (plain && (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) &&
         pOK_->isVisible() && pOK_->isEnabled()) {
         pOK_->click();
         return;
     }
-    if (plain && event->key() == Qt::Key_Escape && pCancel_->isVisible() &&
-        pCancel_->isEnabled()) {
+    if (plain && event->key() == Qt::Key_Escape && pCancel_->isVisible() && pCancel_->isEnabled()) {
         pCancel_->click();
         return;
     }
@@ -570,7 +579,9 @@ int TKestelMainWind::HelpContextOfPage() const {
                       : kNoPageHelpContext;
 }
 
-void TKestelMainWind::KestelHelp_IndexClick() { ShowHelpContext(HelpContextOfPage()); }
+void TKestelMainWind::KestelHelp_IndexClick() {
+    ShowHelpContext(HelpContextOfPage());
+}
 
 void TKestelMainWind::KestelHelp_AboutClick() {
     TAboutBox aboutBox(this);

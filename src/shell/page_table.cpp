@@ -29,6 +29,8 @@ const std::array<PageEntry, kPageCount> kPages{{
 
 }  // namespace
 
-const std::array<PageEntry, kPageCount>& PageTable() { return kPages; }
+const std::array<PageEntry, kPageCount>& PageTable() {
+    return kPages;
+}
 
 }  // namespace wk

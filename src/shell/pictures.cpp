@@ -4,7 +4,9 @@
 #include <QSvgRenderer>
 
 // Q_INIT_RESOURCE must be used outside a namespace.
-static void InitPictureResources() { Q_INIT_RESOURCE(pictures); }
+static void InitPictureResources() {
+    Q_INIT_RESOURCE(pictures);
+}
 
 namespace wk {
 

@@ -81,15 +81,17 @@ int AnswerOf(int button) {
 }
 
 // Texts given to MessageBoxA are in the ANSI code page, like every text of the core.
-QString Ansi(const std::string& text) { return QString::fromStdString(platform::AnsiToUtf8(text)); }
+QString Ansi(const std::string& text) {
+    return QString::fromStdString(platform::AnsiToUtf8(text));
+}
 
 }  // namespace
 
 int QtMessageBoxPresenter::operator()(const MessageBoxRequest& request) const {
     auto* owner = static_cast<QWidget*>(request.owner);
     const ButtonSet set = ButtonsOf(request.type);
-    QMessageBox box(IconOf(request.type), Ansi(request.caption),
-                    Ansi(request.text), set.buttons, owner);
+    QMessageBox box(IconOf(request.type), Ansi(request.caption), Ansi(request.text), set.buttons,
+                    owner);
     box.setObjectName(QStringLiteral("MessageBox"));
     box.setTextFormat(Qt::PlainText);
     if (set.escape != QMessageBox::NoButton) {

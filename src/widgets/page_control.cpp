@@ -22,7 +22,8 @@ PageControl::PageControl(QWidget* parent)
     layout->addWidget(stack_, 1);
 
     connect(tabBar_, &QTabBar::currentChanged, this, &PageControl::OnTabBarCurrentChanged);
-    focusConnection_ = connect(qApp, &QApplication::focusChanged, this, &PageControl::OnFocusChanged);
+    focusConnection_ =
+        connect(qApp, &QApplication::focusChanged, this, &PageControl::OnFocusChanged);
 }
 
 PageControl::~PageControl() {
@@ -50,13 +51,21 @@ QString PageControl::SheetCaption(QWidget* sheet) const {
     return index >= 0 ? tabBar_->tabText(index) : QString();
 }
 
-int PageControl::SheetCount() const { return stack_->count(); }
+int PageControl::SheetCount() const {
+    return stack_->count();
+}
 
-QWidget* PageControl::Sheet(int index) const { return stack_->widget(index); }
+QWidget* PageControl::Sheet(int index) const {
+    return stack_->widget(index);
+}
 
-int PageControl::IndexOf(QWidget* sheet) const { return sheet ? stack_->indexOf(sheet) : -1; }
+int PageControl::IndexOf(QWidget* sheet) const {
+    return sheet ? stack_->indexOf(sheet) : -1;
+}
 
-QWidget* PageControl::ActivePage() const { return stack_->currentWidget(); }
+QWidget* PageControl::ActivePage() const {
+    return stack_->currentWidget();
+}
 
 void PageControl::SetActivePage(QWidget* sheet) {
     const int index = IndexOf(sheet);
@@ -69,9 +78,13 @@ void PageControl::SetActivePage(QWidget* sheet) {
     ShowSheet(index);
 }
 
-void PageControl::SetChangingHook(ChangingHook hook) { changing_ = std::move(hook); }
+void PageControl::SetChangingHook(ChangingHook hook) {
+    changing_ = std::move(hook);
+}
 
-QTabBar* PageControl::TabBar() const { return tabBar_; }
+QTabBar* PageControl::TabBar() const {
+    return tabBar_;
+}
 
 void PageControl::OnTabBarCurrentChanged(int index) {
     if (revertingTab_ || programmaticSwitch_ || index < 0 || index == stack_->currentIndex()) {

@@ -1,5 +1,7 @@
 // The about box, the message-box presenter, file filters and the built-in pictures.
 
+#include "dialogs/about_box.h"
+
 #include <gtest/gtest.h>
 
 #include <QApplication>
@@ -11,7 +13,6 @@
 #include <QTimer>
 #include <cstdio>
 
-#include "dialogs/about_box.h"
 #include "shell/file_filter.h"
 #include "shell/pictures.h"
 #include "shell/qt_message_box.h"
@@ -36,7 +37,8 @@ TEST(AboutBox, HasItsNamesCaptionSizeAndTexts) {
     EXPECT_EQ(box.findChild<QLabel*>(QStringLiteral("LabelVersion"))->text(),
               QStringLiteral("Version:"));
     EXPECT_FALSE(box.findChild<QLabel*>(QStringLiteral("LabelCopyRight"))->text().isEmpty());
-    EXPECT_EQ(box.findChild<QPushButton*>(QStringLiteral("ButtonOK"))->text(), QStringLiteral("&OK"));
+    EXPECT_EQ(box.findChild<QPushButton*>(QStringLiteral("ButtonOK"))->text(),
+              QStringLiteral("&OK"));
     auto* image = box.findChild<QLabel*>(QStringLiteral("Image1"));
     ASSERT_NE(image, nullptr);
     EXPECT_FALSE(image->pixmap().isNull());
@@ -66,7 +68,8 @@ TEST(AboutBox, FileWithoutVersionResourceShowsHashes) {
 
 TEST(AboutBox, OkClosesIt) {
     TAboutBox box;
-    QTimer::singleShot(0, [&] { box.findChild<QPushButton*>(QStringLiteral("ButtonOK"))->click(); });
+    QTimer::singleShot(0,
+                       [&] { box.findChild<QPushButton*>(QStringLiteral("ButtonOK"))->click(); });
     EXPECT_EQ(box.exec(), QDialog::Accepted);
 }
 
@@ -127,11 +130,14 @@ TEST(FileFilter, WindowsFilterOfBrowseForFileBecomesOneQtFilter) {
 }
 
 TEST(FileFilter, PatternsAreAddedWhenTheDescriptionLacksThem) {
-    EXPECT_EQ(QtNameFilters(QStringLiteral("Pictures|*.bmp;*.png|All files (*.*)|*.*")),
-              (QStringList{QStringLiteral("Pictures (*.bmp *.png)"), QStringLiteral("All files (*.*)")}));
+    EXPECT_EQ(
+        QtNameFilters(QStringLiteral("Pictures|*.bmp;*.png|All files (*.*)|*.*")),
+        (QStringList{QStringLiteral("Pictures (*.bmp *.png)"), QStringLiteral("All files (*.*)")}));
 }
 
-TEST(FileFilter, EmptyFilterGivesNoFilters) { EXPECT_TRUE(QtNameFilters(QString()).isEmpty()); }
+TEST(FileFilter, EmptyFilterGivesNoFilters) {
+    EXPECT_TRUE(QtNameFilters(QString()).isEmpty());
+}
 
 TEST(Pictures, AllPicturesAreBuiltIn) {
     for (const char* name :

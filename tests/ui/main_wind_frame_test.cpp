@@ -32,7 +32,8 @@ using test::WorkingDir;
 
 const char* const kOffsets =
     "[MACHINEPARAM]\r\nBRIDGE AXIS STROKE=1200.000000\r\n\r\n"
-    "[MECHAOFFS]\r\noffx=0.000000\r\noffy=152.500000\r\noffz=-310.250000\r\ncompensoff=0.000000\r\n";
+    "[MECHAOFFS]\r\noffx=0.000000\r\noffy=152.500000\r\noffz=-310.250000\r\ncompensoff=0."
+    "000000\r\n";
 
 class Frame : public ::testing::Test {
 protected:

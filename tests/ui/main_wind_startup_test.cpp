@@ -204,7 +204,7 @@ TEST(Upgrade, UpgradeWithALeadingSlashOrAnEqualsSignLeavesTheFilesAlone) {
 }
 
 std::unique_ptr<TKestelMainWind> StartWithLanguage(TempWinePrefix& prefix, MessageScript& script,
-                                                  const std::string& language) {
+                                                   const std::string& language) {
     prefix.WriteWindowsFile("WZELKO.INI", "[WZELKO]\r\nLANGUAGE=" + language + "\r\n");
     return StartWindow(script);
 }
@@ -270,7 +270,9 @@ struct ControllerCase {
     bool qd32OrRmd, vek3Family, kpt, rmdOrKpt;
 };
 
-void PrintTo(const ControllerCase& c, std::ostream* os) { *os << '"' << c.type << '"'; }
+void PrintTo(const ControllerCase& c, std::ostream* os) {
+    *os << '"' << c.type << '"';
+}
 
 class ControllerMenu : public ::testing::TestWithParam<ControllerCase> {};
 
@@ -299,20 +301,19 @@ TEST_P(ControllerMenu, EntryVisibilityAndFlagsFollowTheControllerType) {
     EXPECT_EQ(window->Flags().IsRmdOrKpt, c.rmdOrKpt);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Types, ControllerMenu,
-    ::testing::Values(ControllerCase{"vek3", true, false, true, false, false},
-                      ControllerCase{"qd32", false, true, false, false, false},
-                      ControllerCase{"RMD", true, true, false, false, true},
-                      ControllerCase{"rmd", true, true, false, false, true},
-                      ControllerCase{"Tq", true, false, true, false, false},
-                      ControllerCase{"Q5", true, false, true, false, false},
-                      ControllerCase{"KPT", false, false, false, true, true},
-                      ControllerCase{"", false, false, false, false, false}),
-    [](const auto& info) {
-        const std::string type = info.param.type;
-        return type.empty() ? std::string("Missing") : type;
-    });
+INSTANTIATE_TEST_SUITE_P(Types, ControllerMenu,
+                         ::testing::Values(ControllerCase{"vek3", true, false, true, false, false},
+                                           ControllerCase{"qd32", false, true, false, false, false},
+                                           ControllerCase{"RMD", true, true, false, false, true},
+                                           ControllerCase{"rmd", true, true, false, false, true},
+                                           ControllerCase{"Tq", true, false, true, false, false},
+                                           ControllerCase{"Q5", true, false, true, false, false},
+                                           ControllerCase{"KPT", false, false, false, true, true},
+                                           ControllerCase{"", false, false, false, false, false}),
+                         [](const auto& info) {
+                             const std::string type = info.param.type;
+                             return type.empty() ? std::string("Missing") : type;
+                         });
 
 TEST(Menu, EntriesAreCaptionedAndHintedFromTheLanguageStrings) {
     TempWinePrefix prefix;
@@ -327,15 +328,24 @@ TEST(Menu, EntriesAreCaptionedAndHintedFromTheLanguageStrings) {
         int caption;
         int hint;
     } entries[] = {
-        {"KestelFile_PopUp", 2, 0},          {"KestelFile_Save", 3, 26},
-        {"KestelFile_Exit", 4, 25},          {"KestelGenConf_PopUp", 10, 0},
-        {"KestelGenConf_MacPar", 5, 29},     {"KestelGenConf_SysParam", 6, 30},
-        {"KestelGenConf_Init", 7, 31},       {"KestelGenConf_MecOff", 8, 32},
-        {"KestelElemPar_PopUp", 11, 0},      {"KestelElemPar_NumPts", 14, 34},
-        {"KestelOther_PopUp", 15, 0},        {"KestelOther_Sounds", 17, 36},
-        {"KestelOther_WindowsColor", 16, 37}, {"KestelOther_Directories", 18, 38},
-        {"KestelOther_AxesConvention", 19, 0}, {"KestelHelp_PopUp", 20, 0},
-        {"KestelHelp_Index", 21, 0},         {"KestelHelp_About", 22, 0},
+        {"KestelFile_PopUp", 2, 0},
+        {"KestelFile_Save", 3, 26},
+        {"KestelFile_Exit", 4, 25},
+        {"KestelGenConf_PopUp", 10, 0},
+        {"KestelGenConf_MacPar", 5, 29},
+        {"KestelGenConf_SysParam", 6, 30},
+        {"KestelGenConf_Init", 7, 31},
+        {"KestelGenConf_MecOff", 8, 32},
+        {"KestelElemPar_PopUp", 11, 0},
+        {"KestelElemPar_NumPts", 14, 34},
+        {"KestelOther_PopUp", 15, 0},
+        {"KestelOther_Sounds", 17, 36},
+        {"KestelOther_WindowsColor", 16, 37},
+        {"KestelOther_Directories", 18, 38},
+        {"KestelOther_AxesConvention", 19, 0},
+        {"KestelHelp_PopUp", 20, 0},
+        {"KestelHelp_Index", 21, 0},
+        {"KestelHelp_About", 22, 0},
     };
     for (const auto& e : entries) {
         auto* action = Find<QAction>(*window, e.name);
@@ -380,7 +390,8 @@ TEST(PageTable, PagesNotBuiltAreAbsentAndTheirMenuEntriesDisabled) {
           "KestelOther_AxesConvention"}) {
         EXPECT_FALSE(Find<QAction>(*window, absent)->isEnabled()) << absent;
     }
-    for (const char* sheet : {"MacParTabSheet", "SysParTabSheet", "InitTabSheet", "VolcompTabSheet"}) {
+    for (const char* sheet :
+         {"MacParTabSheet", "SysParTabSheet", "InitTabSheet", "VolcompTabSheet"}) {
         EXPECT_EQ(window->findChild<QWidget*>(QString::fromLatin1(sheet)), nullptr) << sheet;
     }
 }

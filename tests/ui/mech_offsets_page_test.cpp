@@ -162,8 +162,8 @@ TEST_F(MecOffPage, LoadWithoutRefreshAllPutsBackOnlyTheModifiedFields) {
 
 TEST_F(MecOffPage, ControlsCarryTheirNames) {
     Start(SettingsFile(kFull));
-    for (const char* name : {"pSLE_OffsetX", "pSLE_OffsetY", "pSLE_OffsetZ", "pSLE_CompOffset",
-                             "pSLE_BridgeStroke"}) {
+    for (const char* name :
+         {"pSLE_OffsetX", "pSLE_OffsetY", "pSLE_OffsetZ", "pSLE_CompOffset", "pSLE_BridgeStroke"}) {
         EXPECT_NE(Edit(name), nullptr) << name;
     }
     for (const char* name : {"pST_OffsetX", "pST_OffsetY", "pST_OffsetZ", "pST_CompOffset",

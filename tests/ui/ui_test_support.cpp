@@ -1,13 +1,14 @@
 #include "ui_test_support.h"
 
+#include <strings.h>
+#include <unistd.h>
+
 #include <QApplication>
 #include <QLineEdit>
 #include <QTest>
 #include <cstdlib>
 #include <fstream>
 #include <sstream>
-#include <strings.h>
-#include <unistd.h>
 
 #include "shell/kestel_main_wind.h"
 
@@ -58,7 +59,10 @@ WorkingDir::~WorkingDir() {
     }
 }
 
-MessageScript::MessageScript() { previous_ = SetMessageBoxPresenter(MessageBoxPresenter{}); Install(); }
+MessageScript::MessageScript() {
+    previous_ = SetMessageBoxPresenter(MessageBoxPresenter{});
+    Install();
+}
 
 void MessageScript::Install() {
     SetMessageBoxPresenter([this](const MessageBoxRequest& request) {
@@ -72,7 +76,9 @@ void MessageScript::Install() {
     });
 }
 
-MessageScript::~MessageScript() { SetMessageBoxPresenter(std::move(previous_)); }
+MessageScript::~MessageScript() {
+    SetMessageBoxPresenter(std::move(previous_));
+}
 
 bool Exists(const TempWinePrefix& prefix, const std::string& name) {
     return fs::exists(prefix.WindowsFile(name));
@@ -97,7 +103,9 @@ void TypeInto(QLineEdit* edit, const QString& text) {
     QTest::keyClicks(edit, text);
 }
 
-void PressTab(QWidget* widget) { QTest::keyClick(widget, Qt::Key_Tab); }
+void PressTab(QWidget* widget) {
+    QTest::keyClick(widget, Qt::Key_Tab);
+}
 
 std::string IniValue(const std::string& bytes, const std::string& section, const std::string& key) {
     std::istringstream in(bytes);

@@ -124,7 +124,8 @@ struct ThreeSheets {
             return allow;
         });
         QObject::connect(pages, &PageControl::Change, [this] { ++changes; });
-        QObject::connect(pages, &PageControl::SheetEnter, [this](QWidget* s) { entered.push_back(s); });
+        QObject::connect(pages, &PageControl::SheetEnter,
+                         [this](QWidget* s) { entered.push_back(s); });
         window.resize(400, 300);
         window.show();
         window.activateWindow();
