@@ -8,6 +8,8 @@
 #include <QMenuBar>
 #include <QPushButton>
 #include <QTest>
+#include <filesystem>
+#include <fstream>
 
 #include "i18n/resgenstring.h"
 #include "platform/text_codec.h"
@@ -220,6 +222,32 @@ TEST(Language, NoneInCapitalsUsesTheEnglishLibrary) {
         title = window->windowTitle();
     }
     EXPECT_EQ(title, LanguageOf("ENG", 1));
+}
+
+// The help file chosen at start-up, with a working directory whose Help folder holds `files`.
+std::string HelpFileFor(const std::string& language, std::initializer_list<const char*> files) {
+    TempWinePrefix prefix;
+    WorkingDir cwd(WorkingDir::Kind::CopyOfLanguageLibraries);
+    std::filesystem::create_directories(cwd.Path() / "Help");
+    for (const char* file : files) {
+        std::ofstream(cwd.Path() / "Help" / file) << "help";
+    }
+    MessageScript script;
+    auto window = StartWithLanguage(prefix, script, language);
+    EXPECT_TRUE(window->Ready());
+    const LanguageState& state = wk::Language();
+    const std::string path = state.HelpAvailable ? state.HelpFilePath : "<none>";
+    return std::filesystem::path(path).filename().string();
+}
+
+TEST(Language, NoneInCapitalsUsesTheHelpFileForEng) {
+    EXPECT_EQ(HelpFileFor("NONE", {"MarvaneENG.hlp", "MarvaneNONE.hlp"}), "MarvaneENG.hlp");
+}
+
+TEST(Language, HelpFileIsLookedUpWithTheCodeAsReadAndFallsBackToEnglish) {
+    EXPECT_EQ(HelpFileFor("ita", {"Marvaneita.hlp", "MarvaneEng.hlp"}), "Marvaneita.hlp");
+    EXPECT_EQ(HelpFileFor("ita", {"MarvaneITA.hlp", "MarvaneEng.hlp"}), "MarvaneEng.hlp");
+    EXPECT_EQ(HelpFileFor("none", {"MarvaneENG.hlp"}), "<none>");
 }
 
 TEST(Language, NoneInLowerCaseIsACodeOfItsOwnAndFallsBackToEnglish) {

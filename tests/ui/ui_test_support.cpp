@@ -47,6 +47,14 @@ WorkingDir::WorkingDir(Kind kind) : previous_(fs::current_path()) {
         fs::current_path(WKESTEL_LANGUAGE_DIR);
     } else {
         empty_ = MakeTempDir("wkestel-ui-cwd-");
+        if (kind == Kind::CopyOfLanguageLibraries) {
+            for (const auto& entry : fs::directory_iterator(WKESTEL_LANGUAGE_DIR)) {
+                const std::string name = entry.path().filename().string();
+                if (name.rfind("Kes32_", 0) == 0) {
+                    fs::copy_file(entry.path(), empty_ / name);
+                }
+            }
+        }
         fs::current_path(empty_);
     }
 }

@@ -25,12 +25,15 @@ namespace wk::test {
 std::string SettingsFile(const std::string& extraSections, const std::string& controller = "RMD");
 
 // Changes the working directory for the object's life: to the folder of the built language
-// libraries, or to an empty folder where there are none.
+// libraries, to an empty folder where there are none, or to a folder of its own holding copies
+// of the libraries (for tests that add files beside them).
 class WorkingDir {
 public:
-    enum class Kind { LanguageLibraries, Empty };
+    enum class Kind { LanguageLibraries, Empty, CopyOfLanguageLibraries };
     explicit WorkingDir(Kind kind);
     ~WorkingDir();
+
+    std::filesystem::path Path() const { return std::filesystem::current_path(); }
 
 private:
     std::filesystem::path previous_;
