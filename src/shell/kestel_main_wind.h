@@ -17,6 +17,7 @@
 #include "platform/message_box.h"
 #include "platform/text_to_number.h"
 #include "settings/controller_type.h"
+#include "settings/setup_settings.h"
 #include "shell/page_table.h"
 #include "upgrade/upgrade_settings.h"
 
@@ -30,7 +31,6 @@ namespace wk {
 
 class KestelPage;
 class PageControl;
-class SetupSettings;
 
 class TKestelMainWind : public QMainWindow, public UpgradeProgress {
     Q_OBJECT

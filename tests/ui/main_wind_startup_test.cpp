@@ -244,10 +244,13 @@ TEST(Language, NoneInCapitalsUsesTheHelpFileForEng) {
     EXPECT_EQ(HelpFileFor("NONE", {"MarvaneENG.hlp", "MarvaneNONE.hlp"}), "MarvaneENG.hlp");
 }
 
-TEST(Language, HelpFileIsLookedUpWithTheCodeAsReadAndFallsBackToEnglish) {
-    EXPECT_EQ(HelpFileFor("ita", {"Marvaneita.hlp", "MarvaneEng.hlp"}), "Marvaneita.hlp");
-    EXPECT_EQ(HelpFileFor("ita", {"MarvaneITA.hlp", "MarvaneEng.hlp"}), "MarvaneEng.hlp");
-    EXPECT_EQ(HelpFileFor("none", {"MarvaneENG.hlp"}), "<none>");
+TEST(Language, NoneInLowerCaseLooksForTheHelpFileOfItsOwnCode) {
+    // Not changed to ENG: only "NONE" in capitals is.
+    EXPECT_EQ(HelpFileFor("none", {"MarvaneNONE.hlp", "MarvaneENG.hlp"}), "MarvaneNONE.hlp");
+}
+
+TEST(Language, HelpFileFallsBackToEnglish) {
+    EXPECT_EQ(HelpFileFor("ITA", {"MarvaneEng.hlp"}), "MarvaneEng.hlp");
 }
 
 TEST(Language, NoneInLowerCaseIsACodeOfItsOwnAndFallsBackToEnglish) {
