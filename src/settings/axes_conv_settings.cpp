@@ -1,0 +1,33 @@
+#include "settings/axes_conv_settings.h"
+
+#include "platform/profile_batch.h"
+#include "settings/profile_helpers.h"
+
+namespace wk {
+
+AxesConvSettings::AxesConvSettings(const ControllerFlags& controllerFlags)
+    : ControllerSettings(controllerFlags) {}
+
+bool AxesConvSettings::Read() {
+    const bool result = ControllerSettings::Read();
+    // Anything but "STANDARD", a missing key included, is the QEN convention.
+    QenAxesConvention = !ReadProfileBool("GUI", "SYSTEMPARAM", "STANDARD");
+    return result;
+}
+
+bool AxesConvSettings::Write() {
+    const bool result = ControllerSettings::Write();
+    WriteProfileText("GUI", QenAxesConvention ? "QEN" : "STANDARD", "SYSTEMPARAM");
+    return result;
+}
+
+bool AxesConvSettings::ReadAll() { return Read(); }
+
+bool AxesConvSettings::WriteAll() {
+    ProfileBatch batch;
+    const bool written = Write();
+    const bool committed = batch.Commit();
+    return written && committed;
+}
+
+}  // namespace wk
