@@ -1,61 +1,26 @@
 #pragma once
-// A throw-away Wine prefix for the settings tests: $TMP/wkestel-settings-XXXXXX with
-// drive_c/windows and dosdevices/c: -> ../drive_c, made the platform's prefix for the
-// lifetime of the object. Nothing touches ~/.wine.
+// The settings tests' Wine prefix: the shared temporary prefix, with short names for the
+// settings files and a record built as start-up builds it. Nothing touches ~/.wine.
 
-#include <cstdlib>
 #include <filesystem>
-#include <fstream>
+#include <initializer_list>
 #include <memory>
-#include <sstream>
-#include <stdexcept>
 #include <string>
 
 #include "platform/profile.h"
-#include "platform/windows_directory.h"
 #include "settings/setup_settings.h"
+#include "support/file_bytes.h"
+#include "support/temp_prefix.h"
 
 namespace wk::test {
 
-class SettingsTestPrefix {
+class SettingsTestPrefix : public TempWinePrefix {
 public:
-    SettingsTestPrefix() {
-        std::string pattern =
-            (std::filesystem::temp_directory_path() / "wkestel-settings-XXXXXX").string();
-        if (mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("mkdtemp failed");
-        root_ = pattern;
-        std::filesystem::create_directories(WindowsDir());
-        std::filesystem::create_directories(root_ / "dosdevices");
-        std::filesystem::create_directory_symlink("../drive_c", root_ / "dosdevices" / "c:");
-        wk::platform::SetWinePrefixOverride(root_.string());
-    }
-    ~SettingsTestPrefix() {
-        wk::platform::SetWinePrefixOverride("");
-        std::error_code ignored;
-        std::filesystem::remove_all(root_, ignored);
-    }
-    SettingsTestPrefix(const SettingsTestPrefix&) = delete;
-    SettingsTestPrefix& operator=(const SettingsTestPrefix&) = delete;
-
-    const std::filesystem::path& Root() const { return root_; }
-    std::filesystem::path WindowsDir() const { return root_ / "drive_c" / "windows"; }
-
     void WriteFile(const std::string& name, const std::string& bytes) const {
-        std::ofstream out(WindowsDir() / name, std::ios::binary | std::ios::trunc);
-        out << bytes;
+        WriteWindowsFile(name, bytes);
     }
-    std::string ReadFile(const std::string& name) const {
-        std::ifstream in(WindowsDir() / name, std::ios::binary);
-        std::ostringstream text;
-        text << in.rdbuf();
-        return text.str();
-    }
-    bool Exists(const std::string& name) const {
-        return std::filesystem::exists(WindowsDir() / name);
-    }
-
-private:
-    std::filesystem::path root_;
+    std::string ReadFile(const std::string& name) const { return ReadFileBytes(WindowsFile(name)); }
+    bool Exists(const std::string& name) const { return std::filesystem::exists(WindowsFile(name)); }
 };
 
 // A value of a file as the platform reads it; "<missing>" when the key is absent.
