@@ -24,10 +24,11 @@ bool AxesConvSettings::Write() {
 bool AxesConvSettings::ReadAll() { return Read(); }
 
 bool AxesConvSettings::WriteAll() {
+    const std::uint64_t failedBefore = FailedProfileWrites();
     ProfileBatch batch;
     const bool written = Write();
     const bool committed = batch.Commit();
-    return written && committed;
+    return written && committed && FailedProfileWrites() == failedBefore;
 }
 
 }  // namespace wk

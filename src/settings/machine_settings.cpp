@@ -29,7 +29,7 @@ void WriteProfileDecimal(const char* section, const char* key, std::int32_t valu
                          const char* fileName) {
     char text[20];
     std::snprintf(text, sizeof text, "%d", value);
-    WritePrivateProfileStringA(section, key, text, fileName);
+    WriteProfileKey(section, key, text, fileName);
 }
 
 // "%lf" of a text; a text that does not scan leaves the value as it is.
@@ -71,11 +71,11 @@ void MachineSettings::ReadVolcompMethod() {
 
 void MachineSettings::WriteVolcompMethod() {
     const bool known = VolcompMethod >= 0 && VolcompMethod <= 5;
-    WritePrivateProfileStringA("COMPENS", "METHOD", known ? kMethodWords[VolcompMethod + 1] : "UNK",
+    WriteProfileKey("COMPENS", "METHOD", known ? kMethodWords[VolcompMethod + 1] : "UNK",
                                kWzelko32Ini);
     if (VolcompMethod == 1 || VolcompMethod == 2) LegacyMethod = VolcompMethod;
     // The older file knows only the two brands: it always names one of them.
-    WritePrivateProfileStringA("COMPENS", "METHOD", LegacyMethod == 2 ? "KV" : "QEN", kWzelkoIni);
+    WriteProfileKey("COMPENS", "METHOD", LegacyMethod == 2 ? "KV" : "QEN", kWzelkoIni);
 }
 
 bool MachineSettings::Read() {
@@ -211,8 +211,8 @@ bool MachineSettings::Write() {
     WriteProfileDecimal("COMPENS", "COMPENS MODE", CompensMode, kWzelkoIni);
     WriteProfileDecimal("CONTROLLER", "CTR VOLCOMP ON EXIT", CtrVolcompOnExit, kWzelkoIni);
     WriteVolcompMethod();
-    WritePrivateProfileStringA("COMPENS", "ACTIVE", CompensActive ? "1" : "0", kWzelko32Ini);
-    WritePrivateProfileStringA("Compens", "Thermal", ThermalCompens ? "1" : "0", kWzelko32Ini);
+    WriteProfileKey("COMPENS", "ACTIVE", CompensActive ? "1" : "0", kWzelko32Ini);
+    WriteProfileKey("Compens", "Thermal", ThermalCompens ? "1" : "0", kWzelko32Ini);
     WriteProfileBool("TOOL CHANGER", ToolChanger, "MACHINEPARAM");
     WriteProfileString("COSDAT FNAME", CosDatFileName, "MACHINEPARAM");
     WriteProfileString("COMPENS FILE NAME", CompensFileName, "COMPENS");
@@ -249,14 +249,14 @@ bool MachineSettings::Write() {
 
     if (PortIndex != kTcpipPortIndex) {
         // A serial connection leaves the TCP/IP keys as they are.
-        WritePrivateProfileStringA("CMM", "USESOCKET", "0", kWzelkoIni);
+        WriteProfileKey("CMM", "USESOCKET", "0", kWzelkoIni);
         std::snprintf(ScratchText, sizeof ScratchText, "COM%d:", PortIndex + 1);
         WriteProfileText("PORT", ScratchText, "CMM");
     } else {
         // A TCP/IP connection leaves the serial port as it is.
-        WritePrivateProfileStringA("CMM", "USESOCKET", "1", kWzelkoIni);
+        WriteProfileKey("CMM", "USESOCKET", "1", kWzelkoIni);
         WriteProfileDecimal("CMM", "TCPIP Port", TcpipPort, kWzelkoIni);
-        WritePrivateProfileStringA("CMM", "TCPIP Address", TcpipAddress.c_str(), kWzelkoIni);
+        WriteProfileKey("CMM", "TCPIP Address", TcpipAddress.c_str(), kWzelkoIni);
     }
 
     std::snprintf(ScratchText, sizeof ScratchText, "%lf", Resolution);

@@ -35,7 +35,27 @@ std::uint32_t ReadStringFrom(const char* fileName, const char* key, std::string&
     return length;
 }
 
+thread_local std::uint64_t failedWrites = 0;
+thread_local std::string lastFailedWriteError;
+
+bool Counted(bool written) {
+    if (!written) {
+        ++failedWrites;
+        lastFailedWriteError = LastProfileError();
+    }
+    return written;
+}
+
 }  // namespace
+
+bool WriteProfileKey(const char* section, const char* key, const char* value,
+                     const char* fileName) {
+    return Counted(WritePrivateProfileStringA(section, key, value, fileName));
+}
+
+std::uint64_t FailedProfileWrites() { return failedWrites; }
+
+const std::string& LastFailedProfileWriteError() { return lastFailedWriteError; }
 
 std::uint32_t ReadProfileInt(const char* key, std::int32_t defaultValue, const char* section) {
     return GetPrivateProfileIntA(section, key, defaultValue, kSettingsFileName);
@@ -70,12 +90,11 @@ bool ReadProfileBool(const char* key, const char* section, const char* word) {
 bool WriteProfileUInt(const char* key, std::uint32_t value, const char* section) {
     char text[20];
     std::snprintf(text, sizeof text, "%u", static_cast<unsigned>(value));
-    return WritePrivateProfileStringA(section, key, text, kSettingsFileName);
+    return WriteProfileKey(section, key, text, kSettingsFileName);
 }
 
 bool WriteProfileText(const char* key, const char* text, const char* section) {
-    return WritePrivateProfileStringA(section, key, text != nullptr ? text : "",
-                                      kSettingsFileName);
+    return WriteProfileKey(section, key, text != nullptr ? text : "", kSettingsFileName);
 }
 
 bool WriteProfileString(const char* key, const std::string& value, const char* section) {

@@ -97,10 +97,14 @@ TEST_F(SetupSettingsTest, BackupWithoutWzelkoIniCopiesWzelko32Instead) {
     EXPECT_FALSE(prefix.Exists("WZELKO.INI"));
 }
 
-TEST_F(SetupSettingsTest, BackupWithNeitherFileMakesNoCopy) {
+// Both files of a pair are opened before either is looked at, so the backup file is
+// opened for writing (and emptied) even when its settings file is missing.
+TEST_F(SetupSettingsTest, BackupWithNeitherFileMakesNoCopyAndLeavesEmptyBackups) {
+    prefix.WriteFile("WZELKO.BAK", "old backup");
     SetupSettings record{ControllerFlags{}};
     EXPECT_FALSE(record.BackupSettingsFiles());
-    EXPECT_FALSE(prefix.Exists("WZELKO32.BAK"));
+    EXPECT_EQ(prefix.ReadFile("WZELKO.BAK"), "");
+    EXPECT_EQ(prefix.ReadFile("WZELKO32.BAK"), "");
 }
 
 TEST_F(SetupSettingsTest, WriteAllTakesTheBackupOfTheFileAsItWasBeforeAnyKey) {
