@@ -2,6 +2,7 @@
 
 #include <cstdio>
 #include <cstring>
+#include <optional>
 
 #include "platform/dos_paths.h"
 #include "platform/text_to_number.h"
@@ -88,12 +89,15 @@ namespace {
 // Copies one file character by character. The end-of-file test comes before the read, so
 // the EOF of the last, failed read is written too: the backup ends with one byte 0xFF more
 // than the source. The measuring application's backups have always looked like this.
-bool CopyForBackup(const char* sourceName, const char* targetName) {
+// nullopt when either file could not be opened; else whether the copy went through.
+std::optional<bool> CopyForBackup(const char* sourceName, const char* targetName) {
     char sourcePath[500];
     char targetPath[500];
     const std::uint32_t n1 = GetWindowsDirectoryA(sourcePath, sizeof sourcePath);
     const std::uint32_t n2 = GetWindowsDirectoryA(targetPath, sizeof targetPath);
-    if (n1 == 0 || n1 >= sizeof sourcePath || n2 == 0 || n2 >= sizeof targetPath) return false;
+    if (n1 == 0 || n1 >= sizeof sourcePath || n2 == 0 || n2 >= sizeof targetPath) {
+        return std::nullopt;
+    }
     std::strncat(sourcePath, sourceName, sizeof sourcePath - std::strlen(sourcePath) - 1);
     std::strncat(targetPath, targetName, sizeof targetPath - std::strlen(targetPath) - 1);
 
@@ -104,23 +108,27 @@ bool CopyForBackup(const char* sourceName, const char* targetName) {
         // so that a failed backup holds no file (and no stale empty .BAK handle) open.
         if (source != nullptr) std::fclose(source);
         if (target != nullptr) std::fclose(target);
-        return false;
+        return std::nullopt;
     }
-    while (!std::feof(source)) {
+    // A read or write error (a directory in the file's place, a full disk) ends the copy
+    // too: the end-of-file indicator alone would never be set then.
+    while (!std::feof(source) && !std::ferror(source) && !std::ferror(target)) {
         const int c = std::fgetc(source);
         std::fputc(c, target);
     }
+    const bool copied = !std::ferror(source) && !std::ferror(target);
     std::fclose(source);
-    std::fclose(target);
-    return true;
+    return std::fclose(target) == 0 && copied;
 }
 
 }  // namespace
 
 bool ColourSettings::BackupSettingsFiles() {
     Modified = false;
-    if (CopyForBackup(kBackupSourcePath, kBackupTargetPath)) return true;
-    return CopyForBackup(kBackupSource32Path, kBackupTarget32Path);
+    if (const std::optional<bool> copied = CopyForBackup(kBackupSourcePath, kBackupTargetPath)) {
+        return *copied;
+    }
+    return CopyForBackup(kBackupSource32Path, kBackupTarget32Path).value_or(false);
 }
 
 bool ColourSettings::Read() {
