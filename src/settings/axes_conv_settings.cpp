@@ -21,7 +21,13 @@ bool AxesConvSettings::Write() {
     return result;
 }
 
-bool AxesConvSettings::ReadAll() { return Read(); }
+bool AxesConvSettings::ReadAll() {
+    // Some two hundred reads of the same two files: inside a batch each file is checked on
+    // disk once, at its first read, instead of at every key. No write happens here, so the
+    // batch has nothing to commit; the values read are those of the files as found.
+    ProfileBatch batch;
+    return Read();
+}
 
 bool AxesConvSettings::WriteAll() {
     const std::uint64_t failedBefore = FailedProfileWrites();

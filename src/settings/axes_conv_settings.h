@@ -21,7 +21,8 @@ public:
     bool Read();
     bool Write();
 
-    // The whole record: every level, base first. ReadAll clears the modified flag.
+    // The whole record: every level, base first, in one batch of the profile engine (each
+    // file checked on disk once). ReadAll clears the modified flag.
     bool ReadAll();
     // Backup first, then every level's keys in order, all in one batch of the profile
     // engine (one replace per file). True when every key went to disk.

@@ -86,6 +86,24 @@ double ColourSettings::ParseLength(const std::string& text) const {
 
 namespace {
 
+#ifdef _WIN32
+void LockStream(std::FILE* file) { _lock_file(file); }
+void UnlockStream(std::FILE* file) { _unlock_file(file); }
+int GetCharUnlocked(std::FILE* file) { return _fgetc_nolock(file); }
+bool EndOrErrorUnlocked(std::FILE* source, std::FILE* target) {
+    return std::feof(source) || std::ferror(source) || std::ferror(target);
+}
+void PutCharUnlocked(int c, std::FILE* file) { _fputc_nolock(c, file); }
+#else
+void LockStream(std::FILE* file) { flockfile(file); }
+void UnlockStream(std::FILE* file) { funlockfile(file); }
+int GetCharUnlocked(std::FILE* file) { return getc_unlocked(file); }
+bool EndOrErrorUnlocked(std::FILE* source, std::FILE* target) {
+    return feof_unlocked(source) || ferror_unlocked(source) || ferror_unlocked(target);
+}
+void PutCharUnlocked(int c, std::FILE* file) { putc_unlocked(c, file); }
+#endif
+
 // Copies one file character by character. The end-of-file test comes before the read, so
 // the EOF of the last, failed read is written too: the backup ends with one byte 0xFF more
 // than the source. The measuring application's backups have always looked like this.
@@ -112,10 +130,16 @@ std::optional<bool> CopyForBackup(const char* sourceName, const char* targetName
     }
     // A read or write error (a directory in the file's place, a full disk) ends the copy
     // too: the end-of-file indicator alone would never be set then.
-    while (!std::feof(source) && !std::ferror(source) && !std::ferror(target)) {
-        const int c = std::fgetc(source);
-        std::fputc(c, target);
+    // One character at a time as always, without taking the stream locks per character
+    // (nothing else uses these streams): a 1 MB file then copies in milliseconds.
+    LockStream(source);
+    LockStream(target);
+    while (!EndOrErrorUnlocked(source, target)) {
+        const int c = GetCharUnlocked(source);
+        PutCharUnlocked(c, target);
     }
+    UnlockStream(target);
+    UnlockStream(source);
     const bool copied = !std::ferror(source) && !std::ferror(target);
     std::fclose(source);
     return std::fclose(target) == 0 && copied;
