@@ -2,9 +2,8 @@
 // every built page initialised, beside the floor of a bare Qt window with a menu bar and a tab
 // control, in the same run. Offscreen.
 //
-// The window is started as the program starts it: on a Wine prefix with the settings files
-// (a copy of the demo prefix when the source tree has one), from the folder that holds the
-// language libraries.
+// The window is started as the program starts it: on a copy of the demo prefix, from the
+// folder that holds the language libraries.
 
 #include <benchmark/benchmark.h>
 
@@ -19,7 +18,7 @@
 #include <clocale>
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
+#include <functional>
 
 #include "platform/message_box.h"
 #include "platform/windows_directory.h"
@@ -29,29 +28,13 @@ namespace fs = std::filesystem;
 
 namespace {
 
-// A representative WZELKO.INI when the source tree has no demo prefix.
-const char* const kSettings =
-    "[WZELKO]\r\nLANGUAGE=ENG\r\nSYSTEM_DIR=C:\\WZELKO\r\n\r\n"
-    "[MEASURE INTERFACE]\r\nMEASURE MODE METRIC/INCH=METRIC\r\n\r\n"
-    "[CONTROLLER]\r\nType=RMD\r\n\r\n"
-    "[MACHINEPARAM]\r\nBRIDGE AXIS STROKE=1200.000000\r\n\r\n"
-    "[MECHAOFFS]\r\noffx=0.000000\r\noffy=152.500000\r\noffz=-310.250000\r\ncompensoff=0."
-    "000000\r\n";
-
 class BenchPrefix {
 public:
     BenchPrefix() {
         std::string pattern = (fs::temp_directory_path() / "wkestel-bench-XXXXXX").string();
         root_ = mkdtemp(pattern.data());
-#ifdef WKESTEL_DEMO_PREFIX
         fs::copy(WKESTEL_DEMO_PREFIX, root_,
                  fs::copy_options::recursive | fs::copy_options::copy_symlinks);
-#else
-        fs::create_directories(root_ / "drive_c" / "windows");
-        fs::create_directories(root_ / "dosdevices");
-        fs::create_directory_symlink("../drive_c", root_ / "dosdevices" / "c:");
-        std::ofstream(root_ / "drive_c" / "windows" / "WZELKO.INI", std::ios::binary) << kSettings;
-#endif
         wk::platform::SetWinePrefixOverride(root_.string());
     }
     ~BenchPrefix() {
