@@ -1,9 +1,9 @@
 # Language libraries: resource-only Windows DLLs built from .rc string tables.
 #
 # windres compiles the .rc to a COFF object (it needs a C preprocessor: without the cross
-# gcc the host's cpp does the job), and the cross ld links it into a DLL with no code and
-# no entry point. The i686 tools give the 32-bit libraries the measuring application's own
-# are; x86_64 gives a 64-bit one.
+# gcc the host's cpp does the job), and the cross ld links it into a DLL with no code, no
+# entry point and no symbols. The i686 tools give the 32-bit libraries the measuring
+# application's own are; x86_64 gives a 64-bit one.
 
 find_program(WKESTEL_RC_PREPROCESSOR NAMES cpp)
 
@@ -36,7 +36,7 @@ function(wk_add_resource_dll)
     VERBATIM)
   add_custom_command(
     OUTPUT ${ARG_OUTPUT}
-    COMMAND ${ld} -shared -e 0 -o ${ARG_OUTPUT} ${obj}
+    COMMAND ${ld} -shared -e 0 --strip-all -o ${ARG_OUTPUT} ${obj}
     DEPENDS ${obj}
     COMMENT "Linking resource library ${ARG_OUTPUT}"
     VERBATIM)

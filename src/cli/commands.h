@@ -6,5 +6,6 @@
 namespace wk::cli {
 
 void AddProfileCommand(CLI::App& app, CliContext& ctx);
+void AddStringsCommand(CLI::App& app, CliContext& ctx);
 
 }  // namespace wk::cli

@@ -7,6 +7,7 @@
 #include <map>
 #include <memory>
 
+#include "platform/ansi_code_page.h"
 #include "platform/file_lookup.h"
 
 namespace wk {
@@ -242,36 +243,6 @@ std::vector<unsigned> StringIds(ModuleHandle module) {
     if (!module) return ids;
     for (const auto& [id, text] : module->strings) ids.push_back(id);
     return ids;
-}
-
-std::string Utf16ToAnsi(const std::u16string& text) {
-    // Windows-1252 at 0x80-0x9F; elsewhere it is ISO 8859-1. The five codes Windows-1252
-    // leaves undefined (0x81, 0x8D, 0x8F, 0x90, 0x9D) map to the control characters of the
-    // same value, as Windows' own conversion does.
-    static constexpr char16_t kHigh[32] = {
-        0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
-        0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0x008D, 0x017D, 0x008F,
-        0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
-        0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
-    std::string out;
-    out.reserve(text.size());
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        char16_t c = text[i];
-        if (c >= 0xD800 && c <= 0xDBFF && i + 1 < text.size() && text[i + 1] >= 0xDC00 &&
-            text[i + 1] <= 0xDFFF) {
-            ++i;  // one character outside the code page
-            out.push_back('?');
-            continue;
-        }
-        if (c < 0x80 || (c >= 0xA0 && c <= 0xFF)) {
-            out.push_back(static_cast<char>(c));
-            continue;
-        }
-        const char16_t* hit = std::find(std::begin(kHigh), std::end(kHigh), c);
-        out.push_back(hit == std::end(kHigh) ? '?'
-                                             : static_cast<char>(0x80 + (hit - std::begin(kHigh))));
-    }
-    return out;
 }
 
 }  // namespace platform

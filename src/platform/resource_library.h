@@ -50,9 +50,5 @@ std::vector<unsigned> StringIds(ModuleHandle module);
 // file). Exposed for the fuzzer; nullptr on any defect, as LoadLibraryA.
 ModuleHandle LoadLibraryFromBytes(const std::vector<unsigned char>& bytes);
 
-// UTF-16 text as Windows-1252 bytes, one byte per character ('?' for characters outside it;
-// a surrogate pair is one character).
-std::string Utf16ToAnsi(const std::u16string& text);
-
 }  // namespace platform
 }  // namespace wk
