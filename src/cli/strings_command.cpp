@@ -92,9 +92,8 @@ void AddStringsCommand(CLI::App& app, CliContext& ctx) {
                         "Language code (default: LANGUAGE of section Wzelko in WZELKO.INI)");
     strings->add_option("ID", args->ids, "String ids (default: every string of the library)")
         ->check(CLI::Range(0u, 65535u));
-    strings->callback([args, strings, &ctx] {
-        RunStrings(*args, strings->count("--language") > 0, ctx);
-    });
+    strings->callback(
+        [args, strings, &ctx] { RunStrings(*args, strings->count("--language") > 0, ctx); });
 }
 
 }  // namespace wk::cli

@@ -95,8 +95,8 @@ std::string GetLanguageString(int id, int maxLength) {
         ResGenAssertFailed("rf != NULL", "ResGenID", kResGenIdNoResourceFileLine);
 
     char buffer[kStringBufferSize] = {};
-    int length = LoadStringA(state.CurrentResourceFile->Module(), static_cast<unsigned>(id),
-                             buffer, kStringBufferSize);
+    int length = LoadStringA(state.CurrentResourceFile->Module(), static_cast<unsigned>(id), buffer,
+                             kStringBufferSize);
     // The cut leaves the length as loaded: the conversion below runs over it, past the cut,
     // which changes nothing that is shown.
     if (maxLength - 1 < length) buffer[std::max(maxLength - 1, 0)] = '\0';
@@ -128,8 +128,8 @@ bool ShowHelpContext(int context) {
                     static_cast<std::uintptr_t>(static_cast<unsigned>(context)));
 }
 
-std::vector<LanguageListEntry> ReadLanguageList(const std::string& currentCode,
-                                                int& selectedIndex, LanguageCodeMatch match) {
+std::vector<LanguageListEntry> ReadLanguageList(const std::string& currentCode, int& selectedIndex,
+                                                LanguageCodeMatch match) {
     selectedIndex = 0;
     char keys[kLanguageKeysSize] = {};
     std::uint32_t length =

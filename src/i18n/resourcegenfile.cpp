@@ -26,7 +26,9 @@ ResourceGenFile::ResourceGenFile(const std::string& fileName) {
     }
 }
 
-ResourceGenFile::~ResourceGenFile() { Release(); }
+ResourceGenFile::~ResourceGenFile() {
+    Release();
+}
 
 void ResourceGenFile::Release() {
     FreeLibrary(module_);

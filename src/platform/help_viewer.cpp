@@ -114,7 +114,8 @@ bool WinHelpA(const char* helpFile, unsigned command, std::uintptr_t data) {
     if (!std::filesystem::is_regular_file(helpFile, ec)) return false;
     std::string wine = FindWine();
     if (wine.empty()) return false;
-    return SpawnDetached(wine, {"wine", "winhlp32", "-n", std::to_string(data), WinePath(helpFile)});
+    return SpawnDetached(wine,
+                         {"wine", "winhlp32", "-n", std::to_string(data), WinePath(helpFile)});
 }
 
 #endif

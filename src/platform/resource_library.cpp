@@ -1,9 +1,9 @@
 #include "platform/resource_library.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <fstream>
 #include <iterator>
-#include <filesystem>
 #include <map>
 #include <memory>
 
@@ -12,8 +12,15 @@
 
 namespace wk {
 
+// The library's bytes and where each string lies in them: strings are decoded when fetched,
+// so a library whose blocks all point at the same large data costs no more than its size.
 struct ResourceModule {
-    std::map<unsigned, std::u16string> strings;
+    struct StringSpan {
+        std::uint64_t offset;  // of the first UTF-16LE character
+        std::uint32_t count;   // characters
+    };
+    std::vector<unsigned char> bytes;
+    std::map<unsigned, StringSpan> strings;
 };
 
 namespace platform {
@@ -25,6 +32,10 @@ constexpr std::uint32_t kLanguageNeutral = 0;
 // A language library is a few hundred kilobytes; a file beyond this is not one, and is not
 // read into memory.
 constexpr std::uintmax_t kMaxLibrarySize = 64u * 1024u * 1024u;
+// Block ids run from 1 to 4096. A block is given in a language or a few; a list of more
+// languages than this is damage, and is not searched (it would make loading slow).
+constexpr std::uint64_t kMaxBlocks = 4096;
+constexpr std::uint64_t kMaxLanguagesPerBlock = 1024;
 
 // Bounds-checked little-endian reads from the file image. Every accessor fails (returns
 // false) rather than read past the end, so a damaged file can only fail to load.
@@ -88,7 +99,7 @@ struct DirectoryEntry {
 // The entries of the resource directory at `offset` (from `base`, the start of the
 // resource data in the file, which holds `size` bytes).
 bool ReadDirectory(const Image& image, std::uint64_t base, std::uint32_t size, std::uint32_t offset,
-                   std::vector<DirectoryEntry>& entries) {
+                   std::vector<DirectoryEntry>& entries, std::uint64_t maxEntries) {
     entries.clear();
     std::uint32_t named = 0;
     std::uint32_t numbered = 0;
@@ -96,14 +107,14 @@ bool ReadDirectory(const Image& image, std::uint64_t base, std::uint32_t size, s
     if (!image.U16(base + offset + 12, named) || !image.U16(base + offset + 14, numbered))
         return false;
     std::uint64_t count = static_cast<std::uint64_t>(named) + numbered;
-    if ((size - offset - 16) / 8 < count) return false;
+    if ((size - offset - 16) / 8 < count || count > maxEntries) return false;
     for (std::uint64_t i = 0; i < count; ++i) {
         std::uint64_t at = base + offset + 16 + i * 8;
         std::uint32_t name = 0;
         std::uint32_t data = 0;
         if (!image.U32(at, name) || !image.U32(at + 4, data)) return false;
-        entries.push_back({name & 0x7fffffffu, (name & 0x80000000u) != 0,
-                           (data & 0x80000000u) != 0, data & 0x7fffffffu});
+        entries.push_back({name & 0x7fffffffu, (name & 0x80000000u) != 0, (data & 0x80000000u) != 0,
+                           data & 0x7fffffffu});
     }
     return true;
 }
@@ -131,15 +142,9 @@ bool ReadStringBlock(const Image& image, std::uint64_t offset, std::uint32_t len
         at += 2;
         if ((end - at) / 2 < count) return false;
         if (count > 0) {
-            std::u16string text;
-            text.reserve(count);
-            for (std::uint32_t i = 0; i < count; ++i) {
-                std::uint32_t unit = 0;
-                if (!image.U16(at + 2ull * i, unit)) return false;
-                text.push_back(static_cast<char16_t>(unit));
-            }
+            if (!image.Has(at, 2ull * count)) return false;
             unsigned id = (blockId - 1) * 16 + index;
-            module.strings.emplace(id, std::move(text));
+            module.strings.emplace(id, ResourceModule::StringSpan{at, count});
         }
         at += 2ull * count;
     }
@@ -155,8 +160,7 @@ ModuleHandle LoadLibraryFromBytes(const std::vector<unsigned char>& bytes) {
     if (!image.U16(0, magic) || magic != 0x5a4d /* "MZ" */) return nullptr;
     if (!image.U32(0x3c, peOffset)) return nullptr;
     std::uint32_t signature = 0;
-    if (!image.U32(peOffset, signature) || signature != 0x00004550 /* "PE\0\0" */)
-        return nullptr;
+    if (!image.U32(peOffset, signature) || signature != 0x00004550 /* "PE\0\0" */) return nullptr;
 
     std::uint64_t coff = static_cast<std::uint64_t>(peOffset) + 4;
     std::uint32_t sectionCount = 0;
@@ -204,21 +208,25 @@ ModuleHandle LoadLibraryFromBytes(const std::vector<unsigned char>& bytes) {
     if (!base) return nullptr;
 
     auto module = std::make_unique<ResourceModule>();
+    module->bytes = bytes;
     std::vector<DirectoryEntry> types;
-    if (!ReadDirectory(image, *base, resourceSize, 0, types)) return nullptr;
+    // Types are numbered 1 to 65535 or named; the count is bounded by the directory's size.
+    if (!ReadDirectory(image, *base, resourceSize, 0, types, 0x20000)) return nullptr;
     bool haveStringTable = false;
     for (const DirectoryEntry& type : types) {
         if (type.isNamed || type.id != kResourceTypeString) continue;
         if (!type.isDirectory) return nullptr;
         haveStringTable = true;
         std::vector<DirectoryEntry> blocks;
-        if (!ReadDirectory(image, *base, resourceSize, type.offset, blocks)) return nullptr;
+        if (!ReadDirectory(image, *base, resourceSize, type.offset, blocks, kMaxBlocks))
+            return nullptr;
         for (const DirectoryEntry& block : blocks) {
             // Blocks are numbered 1 to 4096 (ids 0 to 65535); anything else is not a block.
             if (block.isNamed || !block.isDirectory || block.id < 1 || block.id > 4096)
                 return nullptr;
             std::vector<DirectoryEntry> languages;
-            if (!ReadDirectory(image, *base, resourceSize, block.offset, languages))
+            if (!ReadDirectory(image, *base, resourceSize, block.offset, languages,
+                               kMaxLanguagesPerBlock))
                 return nullptr;
             const DirectoryEntry* language = ChooseLanguage(languages);
             if (!language) return nullptr;
@@ -241,7 +249,7 @@ ModuleHandle LoadLibraryFromBytes(const std::vector<unsigned char>& bytes) {
 std::vector<unsigned> StringIds(ModuleHandle module) {
     std::vector<unsigned> ids;
     if (!module) return ids;
-    for (const auto& [id, text] : module->strings) ids.push_back(id);
+    for (const auto& entry : module->strings) ids.push_back(entry.first);
     return ids;
 }
 
@@ -257,8 +265,8 @@ ModuleHandle LoadLibraryA(const char* fileName) {
     std::ifstream in(*path, std::ios::binary);
     if (!in) return nullptr;
     std::vector<unsigned char> bytes(static_cast<std::size_t>(size));
-    if (size > 0 && !in.read(reinterpret_cast<char*>(bytes.data()),
-                             static_cast<std::streamsize>(bytes.size())))
+    if (size > 0 &&
+        !in.read(reinterpret_cast<char*>(bytes.data()), static_cast<std::streamsize>(bytes.size())))
         return nullptr;
     return platform::LoadLibraryFromBytes(bytes);
 }
@@ -269,7 +277,18 @@ int LoadStringA(ModuleHandle module, unsigned id, char* buffer, int bufferMax) {
     if (!module) return 0;
     auto it = module->strings.find(id);
     if (it == module->strings.end()) return 0;
-    std::string ansi = platform::Utf16ToAnsi(it->second);
+    // Only what can fit is decoded: twice the buffer in UTF-16 units covers it even when
+    // every character is a surrogate pair.
+    const ResourceModule::StringSpan& span = it->second;
+    std::u16string text;
+    std::uint64_t wanted =
+        std::min<std::uint64_t>(span.count, 2ull * static_cast<unsigned>(bufferMax));
+    text.reserve(wanted);
+    for (std::uint64_t i = 0; i < wanted; ++i) {
+        std::uint64_t at = span.offset + 2ull * i;
+        text.push_back(static_cast<char16_t>(module->bytes[at] | module->bytes[at + 1] << 8));
+    }
+    std::string ansi = platform::Utf16ToAnsi(text);
     std::size_t count = std::min(ansi.size(), static_cast<std::size_t>(bufferMax - 1));
     std::copy_n(ansi.data(), count, buffer);
     buffer[count] = '\0';

@@ -12,7 +12,9 @@ std::filesystem::path TestLibrary(const std::string& name) {
     return std::filesystem::path(WKESTEL_TEST_LIBRARY_DIR) / name;
 }
 
-std::string TestLibraryBytes(const std::string& name) { return ReadFileBytes(TestLibrary(name)); }
+std::string TestLibraryBytes(const std::string& name) {
+    return ReadFileBytes(TestLibrary(name));
+}
 
 TempWorkingDirectory::TempWorkingDirectory() : previous_(std::filesystem::current_path()) {
     static std::atomic<unsigned> counter{0};

@@ -23,8 +23,7 @@ std::vector<std::string> Texts(const std::vector<LanguageListEntry>& entries) {
 }
 
 TEST_F(LanguageList, KeyPresentInWzelkoButAbsentFromWzelko32IsListedWithTheStarPrefix) {
-    WriteBoth("[Languages]\r\nEnglish=ENG\r\nItaliano=ITA\r\n",
-              "[Languages]\r\nEnglish=ENG\r\n");
+    WriteBoth("[Languages]\r\nEnglish=ENG\r\nItaliano=ITA\r\n", "[Languages]\r\nEnglish=ENG\r\n");
     int selected = -1;
     auto entries = ReadLanguageList("ENG", selected);
     EXPECT_EQ(Texts(entries), (std::vector<std::string>{"English", "(*) Italiano"}));
@@ -35,8 +34,7 @@ TEST_F(LanguageList, KeyPresentInWzelkoButAbsentFromWzelko32IsListedWithTheStarP
 TEST_F(LanguageList, KeyWithAnEmptyValueAbsentFromWzelko32IsListedWithTheStarPrefix) {
     WriteBoth("[Languages]\r\nDeutsch=\r\n", "[Languages]\r\n");
     int selected = -1;
-    EXPECT_EQ(Texts(ReadLanguageList("ENG", selected)),
-              (std::vector<std::string>{"(*) Deutsch"}));
+    EXPECT_EQ(Texts(ReadLanguageList("ENG", selected)), (std::vector<std::string>{"(*) Deutsch"}));
 }
 
 TEST_F(LanguageList, ValuesThatDifferOnlyInCaseAreMarked) {
@@ -51,8 +49,7 @@ TEST_F(LanguageList, ValuesThatDifferOnlyInCaseAreMarked) {
 TEST_F(LanguageList, WithoutWzelko32EveryEntryIsMarked) {
     prefix_.WriteWindowsFile("WZELKO.INI", "[Languages]\r\nEnglish=ENG\r\n");
     int selected = -1;
-    EXPECT_EQ(Texts(ReadLanguageList("ENG", selected)),
-              (std::vector<std::string>{"(*) English"}));
+    EXPECT_EQ(Texts(ReadLanguageList("ENG", selected)), (std::vector<std::string>{"(*) English"}));
 }
 
 TEST_F(LanguageList, EntriesKeepFileOrder) {
@@ -96,7 +93,8 @@ TEST_F(LanguageList, NoLanguagesSectionGivesAnEmptyList) {
 
 TEST_F(LanguageList, KeyNamesAreReadInOneListingOf200Characters) {
     std::string wzelko = "[Languages]\r\n";
-    for (int i = 10; i < 40; ++i) wzelko += "LANGUAGE" + std::to_string(i) + "=L" + std::to_string(i) + "\r\n";
+    for (int i = 10; i < 40; ++i)
+        wzelko += "LANGUAGE" + std::to_string(i) + "=L" + std::to_string(i) + "\r\n";
     WriteBoth(wzelko, wzelko);
     int selected = -1;
     auto entries = ReadLanguageList("L27", selected);

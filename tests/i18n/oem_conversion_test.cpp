@@ -20,12 +20,14 @@ protected:
 };
 
 TEST_F(OemConversion, ConvertsAccentedLettersOfCodePage850ToWindows1252) {
-    EXPECT_EQ(Convert("\x82"), "\xe9");          // e acute
+    EXPECT_EQ(Convert("\x82"), "\xe9");                  // e acute
     EXPECT_EQ(Convert("\x81\x8a\x85"), "\xfc\xe8\xe0");  // u umlaut, e grave, a grave
-    EXPECT_EQ(Convert("\x9b"), "\xf8");          // o slash, 850's own
+    EXPECT_EQ(Convert("\x9b"), "\xf8");                  // o slash, 850's own
 }
 
-TEST_F(OemConversion, KeepsAscii) { EXPECT_EQ(Convert("General Setup 123"), "General Setup 123"); }
+TEST_F(OemConversion, KeepsAscii) {
+    EXPECT_EQ(Convert("General Setup 123"), "General Setup 123");
+}
 
 TEST_F(OemConversion, CharacterWindows1252LacksBecomesQuestionMark) {
     EXPECT_EQ(Convert("\xc9\xcd\xbb"), "???");  // box drawing

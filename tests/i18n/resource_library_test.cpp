@@ -85,7 +85,9 @@ TEST(LoadStringA, MissingIdGivesEmptyTextAndZero) {
     FreeLibrary(module);
 }
 
-TEST(LoadStringA, NullModuleGivesEmptyTextAndZero) { EXPECT_EQ(Load(nullptr, 1), ""); }
+TEST(LoadStringA, NullModuleGivesEmptyTextAndZero) {
+    EXPECT_EQ(Load(nullptr, 1), "");
+}
 
 TEST(LoadStringA, ZeroBufferSizeWritesNothing) {
     ModuleHandle module = LoadLibraryA(TestLibrary("test_eng32.dll").string().c_str());
@@ -181,7 +183,9 @@ TEST(LoadLibraryA, DamagedLibrariesNeverCrash) {
     }
 }
 
-TEST(FreeLibrary, NullIsIgnored) { EXPECT_FALSE(FreeLibrary(nullptr)); }
+TEST(FreeLibrary, NullIsIgnored) {
+    EXPECT_FALSE(FreeLibrary(nullptr));
+}
 
 }  // namespace
 }  // namespace wk::test
