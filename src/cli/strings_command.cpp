@@ -11,10 +11,10 @@
 
 #include "cli/commands.h"
 #include "i18n/resgenstring.h"
-#include "platform/ansi_code_page.h"
 #include "platform/message_box.h"
 #include "platform/profile.h"
 #include "platform/resource_library.h"
+#include "platform/text_codec.h"
 
 namespace wk::cli {
 namespace {

@@ -1,22 +1,16 @@
 #pragma once
-// The ANSI code page: Windows-1252, the code page of the settings files and of the strings
-// the language libraries give. Texts cross into Unicode (UTF-8 for the terminal, UTF-16 in
-// the libraries and the window) only here.
+// UTF-16 text of the language libraries as bytes of the ANSI code page (Windows-1252), as
+// LoadStringA gives it. The conversions between Windows-1252 and UTF-8 are in text_codec.h.
 
 #include <string>
 #include <string_view>
 
 namespace wk::platform {
 
-// Windows-1252 bytes as UTF-8. The five bytes Windows-1252 leaves undefined (0x81, 0x8D,
-// 0x8F, 0x90, 0x9D) become the control characters of the same value, as in Windows.
-std::string AnsiToUtf8(std::string_view ansi);
-
-// UTF-16 text as Windows-1252 bytes, one byte per character: a character outside the code
-// page (a surrogate pair counts as one) becomes '?', as Windows' conversion gives it.
+// One byte per character: a character outside the code page (a surrogate pair counts as
+// one, a lone surrogate too) becomes '?', as Windows' conversion to the ANSI code page gives
+// it. The five bytes Windows-1252 leaves unassigned come from the control characters
+// U+0081, U+008D, U+008F, U+0090, U+009D, as in Windows.
 std::string Utf16ToAnsi(std::u16string_view text);
-
-// UTF-8 text as Windows-1252 bytes; characters outside it and malformed bytes become '?'.
-std::string Utf8ToAnsi(std::string_view utf8);
 
 }  // namespace wk::platform

@@ -22,14 +22,15 @@ TEST_F(StringsCommand, PrintsTheStringsAskedForAsTheWindowShowsThemInUtf8) {
     WriteSettings("[Wzelko]\r\nLANGUAGE=ENG\r\n");
     auto r = Run({"1", "4", "40", "5"});
     EXPECT_EQ(r.exitCode, 0) << r.err;
-    // 4: OEM 0x82 converted to e acute; 40: the euro sign is kept by the conversion.
-    EXPECT_EQ(r.out, "1\tGeneral Setup\n4\tByte \xc3\xa9 for OEM\n40\tEuro \xe2\x82\xac\n5\t\n");
+    // Every byte goes through the OEM conversion: 0x82 is e acute in code page 850, and 0x80
+    // (the euro sign of the library's text) is C cedilla there.
+    EXPECT_EQ(r.out, "1\tGeneral Setup\n4\tByte \xc3\xa9 for OEM\n40\tEuro \xc3\x87\n5\t\n");
     EXPECT_EQ(r.err, "");
 }
 
 TEST_F(StringsCommand, WithoutIdsPrintsEveryStringOfTheLibraryInOrder) {
     cwd_.CopyLibrary("test_ita32.dll", "Kes32_ita.dll");
-    WriteSettings("[Wzelko]\r\nLANGUAGE=ita\r\n[WZELKO]\r\nNO ANSI-OEM CONVERSION=ITA\r\n");
+    WriteSettings("[Wzelko]\r\nLANGUAGE=ita\r\nNO ANSI-OEM CONVERSION=ITA\r\n");
     auto r = Run({});
     EXPECT_EQ(r.exitCode, 0) << r.err;
     // No conversion: byte 0x82 of Windows-1252 is a low quotation mark.

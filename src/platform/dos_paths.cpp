@@ -1,0 +1,216 @@
+#include "platform/dos_paths.h"
+
+#include <cctype>
+#include <cstdio>
+#include <filesystem>
+#include <string_view>
+#include <system_error>
+#include <utility>
+#include <vector>
+
+#include "platform/windows_directory.h"
+
+namespace wk::platform {
+namespace fs = std::filesystem;
+
+namespace {
+
+bool HasDrive(const std::string& path) {
+    return path.size() >= 2 && std::isalpha(static_cast<unsigned char>(path[0])) && path[1] == ':';
+}
+
+bool EqualsIgnoringAsciiCase(std::string_view a, std::string_view b) {
+    if (a.size() != b.size()) return false;
+    for (std::size_t i = 0; i < a.size(); ++i) {
+        if (std::tolower(static_cast<unsigned char>(a[i])) !=
+            std::tolower(static_cast<unsigned char>(b[i]))) {
+            return false;
+        }
+    }
+    return true;
+}
+
+std::vector<std::string> SplitComponents(std::string_view path) {
+    std::vector<std::string> parts;
+    std::size_t start = 0;
+    for (std::size_t i = 0; i <= path.size(); ++i) {
+        if (i == path.size() || path[i] == '\\' || path[i] == '/') {
+            if (i > start) parts.emplace_back(path.substr(start, i - start));
+            start = i + 1;
+        }
+    }
+    return parts;
+}
+
+#ifndef _WIN32
+// The host directory a drive link of the prefix stands for, made absolute and resolved as
+// far as it exists.
+fs::path ResolveDriveLink(const fs::path& link) {
+    std::error_code ec;
+    fs::path target = fs::canonical(link, ec);
+    if (!ec) return target;
+    fs::path raw = fs::read_symlink(link, ec);
+    if (ec) return fs::absolute(link, ec).lexically_normal();
+    if (raw.is_relative()) raw = link.parent_path() / raw;
+    return fs::weakly_canonical(raw, ec).lexically_normal();
+}
+
+// The drives of the prefix: letter and host directory. C: is drive_c when it has no link.
+std::vector<std::pair<char, fs::path>> Drives() {
+    std::vector<std::pair<char, fs::path>> drives;
+    const fs::path prefix = WinePrefix();
+    const fs::path dosdevices = prefix / "dosdevices";
+    bool haveC = false;
+    std::error_code ec;
+    for (fs::directory_iterator it(dosdevices, ec), end; !ec && it != end; it.increment(ec)) {
+        const std::string name = it->path().filename().string();
+        if (name.size() != 2 || name[1] != ':' || !std::isalpha(static_cast<unsigned char>(name[0]))) {
+            continue;
+        }
+        const char letter = static_cast<char>(std::tolower(static_cast<unsigned char>(name[0])));
+        if (letter == 'c') haveC = true;
+        drives.emplace_back(letter, ResolveDriveLink(it->path()));
+    }
+    if (!haveC) {
+        std::error_code canonicalEc;
+        fs::path driveC = fs::weakly_canonical(prefix / "drive_c", canonicalEc);
+        drives.emplace_back('c', canonicalEc ? prefix / "drive_c" : driveC);
+    }
+    return drives;
+}
+
+std::optional<fs::path> DriveRoot(char letter) {
+    letter = static_cast<char>(std::tolower(static_cast<unsigned char>(letter)));
+    const fs::path prefix = WinePrefix();
+    const fs::path link = prefix / "dosdevices" / (std::string(1, letter) + ":");
+    std::error_code ec;
+    if (fs::exists(fs::symlink_status(link, ec))) return ResolveDriveLink(link);
+    if (letter == 'c') {
+        fs::path driveC = fs::weakly_canonical(prefix / "drive_c", ec);
+        return ec ? prefix / "drive_c" : driveC;
+    }
+    return std::nullopt;
+}
+#endif
+
+}  // namespace
+
+bool IsDosPath(const std::string& path) {
+    return HasDrive(path) || path.find('\\') != std::string::npos;
+}
+
+std::optional<std::string> DosToHostPath(const std::string& dosPath) {
+#ifdef _WIN32
+    return dosPath;
+#else
+    const char letter = HasDrive(dosPath) ? dosPath[0] : 'c';
+    const std::optional<fs::path> root = DriveRoot(letter);
+    if (!root) return std::nullopt;
+    fs::path host = *root;
+    bool matching = true;  // existing components are matched until one is missing
+    for (const std::string& part : SplitComponents(HasDrive(dosPath) ? dosPath.substr(2) : dosPath)) {
+        if (part == ".") continue;
+        if (part == "..") {
+            if (host != *root) host = host.parent_path();
+            continue;
+        }
+        std::error_code ec;
+        if (matching && !fs::exists(fs::symlink_status(host / part, ec))) {
+            bool found = false;
+            for (fs::directory_iterator it(host, ec), end; !ec && it != end; it.increment(ec)) {
+                const std::string name = it->path().filename().string();
+                if (EqualsIgnoringAsciiCase(name, part)) {
+                    host /= name;
+                    found = true;
+                    break;
+                }
+            }
+            if (found) continue;
+            matching = false;
+        }
+        host /= part;
+    }
+    return host.string();
+#endif
+}
+
+std::optional<std::string> HostToDosPath(const std::string& hostPath) {
+#ifdef _WIN32
+    return hostPath;
+#else
+    std::error_code ec;
+    fs::path host = fs::weakly_canonical(fs::absolute(hostPath, ec), ec).lexically_normal();
+    if (ec) return std::nullopt;
+    std::optional<std::pair<char, fs::path>> best;
+    std::size_t bestDepth = 0;
+    for (const auto& [letter, target] : Drives()) {
+        const fs::path normal = target.lexically_normal();
+        auto t = normal.begin();
+        auto h = host.begin();
+        std::size_t depth = 0;
+        for (; t != normal.end() && h != host.end() && *t == *h; ++t, ++h) ++depth;
+        if (t != normal.end() && !t->empty()) continue;  // not inside this drive
+        if (!best || depth > bestDepth) {
+            best.emplace(letter, normal);
+            bestDepth = depth;
+        }
+    }
+    if (!best) return std::nullopt;
+    std::string dos(1, static_cast<char>(std::toupper(static_cast<unsigned char>(best->first))));
+    dos += ":";
+    const fs::path relative = host.lexically_relative(best->second);
+    bool any = false;
+    for (const fs::path& part : relative) {
+        if (part.empty() || part == ".") continue;
+        dos += "\\" + part.string();
+        any = true;
+    }
+    if (!any) dos += "\\";
+    return dos;
+#endif
+}
+
+std::string ToHostPath(const std::string& path) {
+#ifdef _WIN32
+    return path;
+#else
+    if (!IsDosPath(path)) return path;
+    if (auto host = DosToHostPath(path)) return *host;
+    std::string slashed = path;
+    for (char& c : slashed) {
+        if (c == '\\') c = '/';
+    }
+    return slashed;
+#endif
+}
+
+std::FILE* OpenFileA(const char* path, const char* mode) {
+    if (path == nullptr || mode == nullptr) return nullptr;
+    std::string hostMode;
+    for (const char* m = mode; *m != '\0'; ++m) {
+        if (*m != 't') hostMode.push_back(*m);  // text mode is the only mode outside Windows
+    }
+#ifdef _WIN32
+    hostMode = mode;
+#endif
+    return std::fopen(ToHostPath(path).c_str(), hostMode.c_str());
+}
+
+bool DeleteFileA(const char* path) {
+    if (path == nullptr) return false;
+    return std::remove(ToHostPath(path).c_str()) == 0;
+}
+
+bool FileExistsA(const char* path) {
+    if (path == nullptr) return false;
+    std::error_code ec;
+    return fs::is_regular_file(ToHostPath(path), ec);
+}
+
+bool DirectoryExistsA(const char* path) {
+    if (path == nullptr) return false;
+    std::error_code ec;
+    return fs::is_directory(ToHostPath(path), ec);
+}
+
+}  // namespace wk::platform
