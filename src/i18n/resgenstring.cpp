@@ -99,7 +99,8 @@ std::string GetLanguageString(int id, int maxLength) {
                              kStringBufferSize);
     // The cut leaves the length as loaded: the conversion below runs over it, past the cut,
     // which changes nothing that is shown.
-    if (maxLength - 1 < length) buffer[std::max(maxLength - 1, 0)] = '\0';
+    long long cut = static_cast<long long>(maxLength) - 1;
+    if (cut < length) buffer[std::max(cut, 0LL)] = '\0';
     if (state.OemConversion && length > 0)
         OemToCharBuffA(buffer, buffer, static_cast<std::uint32_t>(length));
     return std::string(buffer);

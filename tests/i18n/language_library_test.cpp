@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <limits>
 #include <string>
 
 #include "i18n/resgenstring.h"
@@ -51,6 +52,7 @@ TEST_F(LanguageLibrary, CutFollowsTheCallersMaximum) {
     EXPECT_EQ(GetLanguageString(1, 8), "General");
     EXPECT_EQ(GetLanguageString(1, 1), "");
     EXPECT_EQ(GetLanguageString(1, 0), "");
+    EXPECT_EQ(GetLanguageString(1, std::numeric_limits<int>::min()), "");
     EXPECT_EQ(GetLanguageString(1, 300), "General Setup");
 }
 
