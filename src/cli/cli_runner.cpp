@@ -31,6 +31,7 @@ int RunWkestel(const std::vector<std::string>& args, std::ostream& out, std::ost
     });
 
     AddProfileCommand(app, ctx);
+    AddSettingsCommands(app, ctx);
     AddStringsCommand(app, ctx);
     AddUpgradeCommand(app, ctx);
 

@@ -1,0 +1,378 @@
+// `wkestel show | check | resave`: the settings record as the window reads and saves it.
+//
+// All three build the record exactly as start-up does: the controller flags from key "Type"
+// of section "Controller", then SetupSettings and ReadAll.
+
+#include <CLI/CLI.hpp>
+#include <nlohmann/json.hpp>
+
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <map>
+#include <optional>
+#include <memory>
+#include <string>
+#include <system_error>
+#include <vector>
+
+#include "cli/commands.h"
+#include "cli/settings_listing.h"
+#include "cli/windows_directory_check.h"
+#include "platform/profile.h"
+#include "platform/windows_directory.h"
+#include "settings/controller_type.h"
+#include "settings/profile_helpers.h"
+#include "settings/settings_files.h"
+#include "settings/setup_settings.h"
+
+namespace wk::cli {
+namespace {
+
+namespace fs = std::filesystem;
+using Json = nlohmann::ordered_json;
+
+struct LoadedRecord {
+    std::string controllerType;
+    ControllerFlags flags;
+    std::unique_ptr<SetupSettings> record;
+};
+
+LoadedRecord LoadRecord() {
+    LoadedRecord loaded;
+    loaded.controllerType = ReadControllerType();
+    loaded.flags = ControllerFlagsFromType(loaded.controllerType);
+    loaded.record = std::make_unique<SetupSettings>(loaded.flags);
+    loaded.record->ReadAll();
+    return loaded;
+}
+
+// Numbers are shown with a point whatever the user's locale, as the files hold them.
+std::string NumberText(double value) {
+    char text[64];
+    std::snprintf(text, sizeof text, "%.15g", value);
+    return text;
+}
+
+std::string ValueText(const SettingValue& value) {
+    struct Visitor {
+        std::string operator()(bool v) const { return v ? "true" : "false"; }
+        std::string operator()(std::int64_t v) const { return std::to_string(v); }
+        std::string operator()(double v) const { return NumberText(v); }
+        std::string operator()(const std::string& v) const { return "\"" + v + "\""; }
+        std::string operator()(const ColourValue& v) const {
+            return std::to_string(v.Red) + "," + std::to_string(v.Green) + "," +
+                   std::to_string(v.Blue) + (v.Listed ? "" : " (not listed)");
+        }
+    };
+    return std::visit(Visitor{}, value);
+}
+
+Json ValueJson(const SettingValue& value) {
+    struct Visitor {
+        Json operator()(bool v) const { return v; }
+        Json operator()(std::int64_t v) const { return v; }
+        Json operator()(double v) const { return v; }
+        Json operator()(const std::string& v) const { return v; }
+        Json operator()(const ColourValue& v) const {
+            return Json{{"red", v.Red}, {"green", v.Green}, {"blue", v.Blue}, {"listed", v.Listed}};
+        }
+    };
+    return std::visit(Visitor{}, value);
+}
+
+Json ControllerJson(const LoadedRecord& loaded) {
+    return Json{{"type", loaded.controllerType},
+                {"IsQd32OrRmd", loaded.flags.IsQd32OrRmd},
+                {"IsVek3Family", loaded.flags.IsVek3Family},
+                {"IsKpt", loaded.flags.IsKpt},
+                {"IsRmdOrKpt", loaded.flags.IsRmdOrKpt},
+                {"AcceptsTcpip", loaded.flags.AcceptsTcpip()}};
+}
+
+void Show(bool json, CliContext& ctx) {
+    if (!CheckWindowsDirectory(ctx)) return;
+    const LoadedRecord loaded = LoadRecord();
+    const std::vector<SettingsLevel> levels = ListSettings(*loaded.record);
+
+    if (json) {
+        Json levelsJson = Json::object();
+        for (const SettingsLevel& level : levels) {
+            Json fields = Json::object();
+            for (const SettingEntry& entry : level.Entries) {
+                Json field{{"value", ValueJson(entry.Value)},
+                           {"section", entry.Section},
+                           {"key", entry.Key},
+                           {"file", entry.File}};
+                if (!entry.Note.empty()) field["note"] = entry.Note;
+                fields[entry.Field] = std::move(field);
+            }
+            levelsJson[level.Name] = std::move(fields);
+        }
+        const Json document{{"windowsDirectory", platform::WindowsDirectoryHostPath()},
+                            {"controller", ControllerJson(loaded)},
+                            {"levels", std::move(levelsJson)}};
+        ctx.out << document.dump(2) << '\n';
+        return;
+    }
+
+    ctx.out << "Windows directory: " << platform::WindowsDirectoryHostPath() << '\n';
+    ctx.out << "Controller type: \"" << loaded.controllerType << "\""
+            << (loaded.flags.AcceptsTcpip() ? " (accepts TCP/IP)" : "") << '\n';
+    for (const SettingsLevel& level : levels) {
+        ctx.out << '\n' << level.Name << '\n';
+        for (const SettingEntry& entry : level.Entries) {
+            std::string value = ValueText(entry.Value);
+            if (!entry.Note.empty()) value += "  (" + entry.Note + ")";
+            char line[1024];
+            std::snprintf(line, sizeof line, "  %-28s %-40s ", entry.Field.c_str(), value.c_str());
+            ctx.out << line;
+            if (entry.Key.empty()) {
+                ctx.out << "(no key)\n";
+            } else {
+                ctx.out << '[' << entry.Section << "] " << entry.Key << "  " << entry.File << '\n';
+            }
+        }
+    }
+}
+
+// ---- check ----------------------------------------------------------------------------
+
+struct KeyValue {
+    std::string section, key, value;
+};
+
+std::string Upper(std::string text) { return ToUpperAscii(std::move(text)); }
+
+// A NUL-separated listing of the profile functions, grown until it fits.
+std::vector<std::string> Listing(const char* section, const char* fileName) {
+    for (std::uint32_t size = 4096;; size *= 4) {
+        std::vector<char> buffer(size, '\0');
+        const std::uint32_t n =
+            GetPrivateProfileStringA(section, nullptr, "", buffer.data(), size, fileName);
+        if (n + 2 >= size && size < (64u << 20)) continue;
+        std::vector<std::string> names;
+        std::string name;
+        for (std::uint32_t i = 0; i < n; ++i) {
+            if (buffer[i] == '\0') {
+                names.push_back(name);
+                name.clear();
+            } else {
+                name += buffer[i];
+            }
+        }
+        if (!name.empty()) names.push_back(name);
+        return names;
+    }
+}
+
+// Every key of a file as the profile functions see it: first section of a name, first key
+// of a name, values trimmed and unquoted.
+std::vector<KeyValue> Snapshot(const char* fileName) {
+    std::vector<KeyValue> values;
+    std::map<std::string, bool> seenSections;
+    std::vector<char> value(65536, '\0');
+    for (const std::string& section : Listing(nullptr, fileName)) {
+        if (!seenSections.emplace(Upper(section), true).second) continue;
+        std::map<std::string, bool> seenKeys;
+        for (const std::string& key : Listing(section.c_str(), fileName)) {
+            if (!seenKeys.emplace(Upper(key), true).second) continue;
+            const std::uint32_t n = GetPrivateProfileStringA(
+                section.c_str(), key.c_str(), "", value.data(),
+                static_cast<std::uint32_t>(value.size()), fileName);
+            values.push_back(KeyValue{section, key, std::string(value.data(), n)});
+        }
+    }
+    return values;
+}
+
+// The settings file of that name in a directory, matched without regard to case.
+std::optional<fs::path> FindFileNoCase(const fs::path& directory, const std::string& name) {
+    std::error_code ec;
+    for (const auto& entry : fs::directory_iterator(directory, ec)) {
+        if (Upper(entry.path().filename().string()) == Upper(name) && entry.is_regular_file(ec)) {
+            return entry.path();
+        }
+    }
+    return std::nullopt;
+}
+
+std::string EnvironmentPrefix() {
+    const char* env = std::getenv("WINEPREFIX");
+    if (env != nullptr && *env != '\0') return env;
+    const char* home = std::getenv("HOME");
+    return std::string(home != nullptr ? home : "") + "/.wine";
+}
+
+// A throw-away prefix holding copies of the settings files; the platform points at it for
+// the lifetime of the object and at the previous prefix afterwards.
+class ScratchPrefix {
+public:
+    ScratchPrefix() : previous_(platform::WinePrefix()) {
+        std::string pattern = (fs::temp_directory_path() / "wkestel-check-XXXXXX").string();
+        if (mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("cannot make a temporary directory");
+        root_ = pattern;
+        fs::create_directories(WindowsDir());
+        fs::create_directories(root_ / "dosdevices");
+        std::error_code ignored;
+        fs::create_directory_symlink("../drive_c", root_ / "dosdevices" / "c:", ignored);
+    }
+    ~ScratchPrefix() {
+        platform::SetWinePrefixOverride(previous_ == EnvironmentPrefix() ? "" : previous_);
+        std::error_code ignored;
+        fs::remove_all(root_, ignored);
+    }
+    ScratchPrefix(const ScratchPrefix&) = delete;
+    ScratchPrefix& operator=(const ScratchPrefix&) = delete;
+
+    fs::path WindowsDir() const { return root_ / "drive_c" / "windows"; }
+    void Activate() const { platform::SetWinePrefixOverride(root_.string()); }
+
+private:
+    std::string previous_;
+    fs::path root_;
+};
+
+struct Change {
+    std::string file, section, key, oldValue, newValue;
+    bool added = false;
+    bool removed = false;
+};
+
+std::vector<Change> Compare(const std::string& file, const std::vector<KeyValue>& before,
+                            const std::vector<KeyValue>& after) {
+    std::map<std::string, const KeyValue*> old;
+    for (const KeyValue& kv : before) old.emplace(Upper(kv.section) + '\n' + Upper(kv.key), &kv);
+    std::vector<Change> changes;
+    for (const KeyValue& kv : after) {
+        const auto it = old.find(Upper(kv.section) + '\n' + Upper(kv.key));
+        if (it == old.end()) {
+            changes.push_back(Change{file, kv.section, kv.key, "", kv.value, true, false});
+            continue;
+        }
+        if (it->second->value != kv.value) {
+            changes.push_back(Change{file, kv.section, kv.key, it->second->value, kv.value});
+        }
+        old.erase(it);
+    }
+    for (const KeyValue& kv : before) {
+        if (old.count(Upper(kv.section) + '\n' + Upper(kv.key)) != 0) {
+            changes.push_back(Change{file, kv.section, kv.key, kv.value, "", false, true});
+        }
+    }
+    return changes;
+}
+
+void Check(bool json, CliContext& ctx) {
+    if (!CheckWindowsDirectory(ctx)) return;
+    const fs::path windowsDir = platform::WindowsDirectoryHostPath();
+    const LoadedRecord loaded = LoadRecord();
+
+    const char* const files[] = {kWzelkoIni, kWzelko32Ini};
+    std::vector<Change> changes;
+    bool written = false;
+    std::string writeError;
+    {
+        ScratchPrefix scratch;
+        for (const char* name : files) {
+            if (auto source = FindFileNoCase(windowsDir, name)) {
+                fs::copy_file(*source, scratch.WindowsDir() / source->filename());
+            }
+        }
+        scratch.Activate();
+        std::map<std::string, std::vector<KeyValue>> before;
+        for (const char* name : files) before[name] = Snapshot(name);
+        written = loaded.record->WriteAll();
+        if (!written) {
+            writeError = LastProfileError().empty() ? LastFailedProfileWriteError()
+                                                    : LastProfileError();
+        }
+        for (const char* name : files) {
+            const std::vector<Change> fileChanges = Compare(name, before[name], Snapshot(name));
+            changes.insert(changes.end(), fileChanges.begin(), fileChanges.end());
+        }
+    }
+    if (!written) {
+        ctx.err << "wkestel: a save could not be tried out: " << writeError << '\n';
+        ctx.exitCode = 2;
+        return;
+    }
+
+    if (json) {
+        Json list = Json::array();
+        for (const Change& c : changes) {
+            Json item{{"file", c.file}, {"section", c.section}, {"key", c.key}};
+            item["old"] = c.added ? Json(nullptr) : Json(c.oldValue);
+            item["new"] = c.removed ? Json(nullptr) : Json(c.newValue);
+            item["change"] = c.added ? "added" : c.removed ? "removed" : "changed";
+            list.push_back(std::move(item));
+        }
+        ctx.out << Json{{"wouldChange", !changes.empty()}, {"changes", std::move(list)}}.dump(2)
+                << '\n';
+    } else {
+        for (const char* name : files) {
+            std::size_t count = 0;
+            for (const Change& c : changes) count += c.file == name ? 1 : 0;
+            ctx.out << name << ": "
+                    << (count == 0 ? std::string("no change")
+                                   : std::to_string(count) + (count == 1 ? " key" : " keys") +
+                                         " would change")
+                    << '\n';
+            for (const Change& c : changes) {
+                if (c.file != name) continue;
+                ctx.out << "  [" << c.section << "] " << c.key << ": ";
+                if (c.added) {
+                    ctx.out << "added \"" << c.newValue << "\"\n";
+                } else if (c.removed) {
+                    ctx.out << "removed (was \"" << c.oldValue << "\")\n";
+                } else {
+                    ctx.out << '"' << c.oldValue << "\" -> \"" << c.newValue << "\"\n";
+                }
+            }
+        }
+    }
+    ctx.exitCode = changes.empty() ? 0 : 1;
+}
+
+// ---- resave -----------------------------------------------------------------------------
+
+void Resave(CliContext& ctx) {
+    if (!CheckWindowsDirectory(ctx)) return;
+    const LoadedRecord loaded = LoadRecord();
+    if (!loaded.record->WriteAll()) {
+        const std::string& why =
+            LastProfileError().empty() ? LastFailedProfileWriteError() : LastProfileError();
+        ctx.err << "wkestel: the settings could not be saved: " << why << '\n';
+        ctx.exitCode = 1;
+        return;
+    }
+    ctx.out << "Saved " << kWzelkoIni << " and " << kWzelko32Ini << " in "
+            << platform::WindowsDirectoryHostPath() << '\n';
+}
+
+}  // namespace
+
+void AddSettingsCommands(CLI::App& app, CliContext& ctx) {
+    auto showJson = std::make_shared<bool>(false);
+    auto* show = app.add_subcommand(
+        "show", "Every setting of every group as the editor reads it, level by level, with its\n"
+                "section, key and file");
+    show->add_flag("--json", *showJson, "JSON output; keys are the record's field names");
+    show->callback([showJson, &ctx] { Show(*showJson, ctx); });
+
+    auto checkJson = std::make_shared<bool>(false);
+    auto* check = app.add_subcommand(
+        "check",
+        "What a save would change in each file (section, key, old and new value, keys added),\n"
+        "without writing. Exit 0 when nothing would change, 1 when something would");
+    check->add_flag("--json", *checkJson, "JSON output");
+    check->callback([checkJson, &ctx] { Check(*checkJson, ctx); });
+
+    auto* resave = app.add_subcommand(
+        "resave",
+        "Read every setting and write them all back, exactly as Save does after a change:\n"
+        "the backup first (WZELKO.BAK), then every group's keys in order");
+    resave->callback([&ctx] { Resave(ctx); });
+}
+
+}  // namespace wk::cli

@@ -1,0 +1,193 @@
+#include "settings/colour_settings.h"
+
+#include <cstdio>
+#include <cstring>
+#include <optional>
+
+#include "platform/dos_paths.h"
+#include "platform/text_to_number.h"
+#include "platform/windows_directory.h"
+#include "settings/profile_helpers.h"
+#include "settings/settings_files.h"
+
+// Numbers in the settings files always use '.' as decimal point. The C formatting and
+// scanning below (snprintf "%lf", sscanf "%d") follow LC_NUMERIC, which the programs keep at
+// "C": they never call setlocale for numbers.
+
+namespace wk {
+
+const std::array<const char*, ColourSettings::kColourKeyCount> ColourSettings::kColourKeys = {
+    "MAIN WINDOW",
+    "INIT WINDOW",
+    "EXECUTION WINDOW",
+    "FUNCTION WINDOW",
+    "FILE WINDOW",
+    "ELEMENT WINDOW",
+    "ELEMENT GROUP WINDOW",
+    "ELEMENT MEASURE WINDOW",
+    "ELEMENT CONSTRUCTION WINDOW",
+    "ELEMENT RELATION WINDOW",
+    "ELEMENT RELATION GROUP WINDOW",
+    "GEOMETRICAL TOLERANCE WINDOW",
+    "GEOMETRICAL TOLERANCE GROUP WINDOW",
+    "ALIGNEMENTS WINDOW",  // spelled so in the measuring application's files
+    "TIP UTILITIES WINDOW",
+    "MEASURE WINDOW",
+    "MEASURE WINDOW DATA",
+    "MEASURE WINDOW POINT COUNTER",
+    "MEASURE WINDOW BLOCK NUMBER",
+    "FRAME WINDOW",
+    "FRAME WINDOW CLIENT AREA",
+    "PROCEDURE EXECUTION WINDOW",
+    "FREERELBKG",
+    "FRAME WINDOW TEACH",
+    "SKIN WINDOW",
+    "DATA INPUT WINDOW",
+};
+
+ColourSettings::ColourSettings() {
+    metric_ = true;
+    Modified = false;
+    // A file that does not say METRIC is an inch machine: a missing key selects inches.
+    metric_ = ReadProfileBool("MEASURE MODE METRIC/INCH", "MEASURE INTERFACE", "METRIC");
+    for (ColourEntry& entry : ColourTable) entry = ColourEntry{MakeColour(255, 255, 255), false};
+    for (int i = 0; i < kColourKeyCount; ++i) {
+        ColourTable[static_cast<std::size_t>(i)] = ColourEntry{MakeColour(255, 255, 255), true};
+    }
+}
+
+std::uint32_t ColourSettings::MakeColour(int red, int green, int blue) {
+    return (static_cast<std::uint32_t>(red) & 0xFF) |
+           ((static_cast<std::uint32_t>(green) & 0xFF) << 8) |
+           ((static_cast<std::uint32_t>(blue) & 0xFF) << 16);
+}
+
+void ColourSettings::SetColour(int index, int red, int green, int blue) {
+    if (index < 0 || index >= kColourEntryCount) return;
+    ColourTable[static_cast<std::size_t>(index)].Colour = MakeColour(red, green, blue);
+}
+
+std::string ColourSettings::FormatLength(double mm, int width, int precision) {
+    double value = mm;
+    if (!metric_) value = static_cast<double>(mm * (1.0L / 25.4L));
+    if (width == 0 && precision == 0) {
+        std::snprintf(ScratchText, sizeof ScratchText, "%lf", value);
+    } else {
+        std::snprintf(ScratchText, sizeof ScratchText, "%*.*lf", width, precision, value);
+    }
+    return ScratchText;
+}
+
+double ColourSettings::ParseLength(const std::string& text) const {
+    double value = StrToFloat(text);
+    if (!metric_) value *= 25.4;
+    return value;
+}
+
+namespace {
+
+#ifdef _WIN32
+void LockStream(std::FILE* file) { _lock_file(file); }
+void UnlockStream(std::FILE* file) { _unlock_file(file); }
+int GetCharUnlocked(std::FILE* file) { return _fgetc_nolock(file); }
+bool EndOrErrorUnlocked(std::FILE* source, std::FILE* target) {
+    return std::feof(source) || std::ferror(source) || std::ferror(target);
+}
+void PutCharUnlocked(int c, std::FILE* file) { _fputc_nolock(c, file); }
+#else
+void LockStream(std::FILE* file) { flockfile(file); }
+void UnlockStream(std::FILE* file) { funlockfile(file); }
+int GetCharUnlocked(std::FILE* file) { return getc_unlocked(file); }
+bool EndOrErrorUnlocked(std::FILE* source, std::FILE* target) {
+    return feof_unlocked(source) || ferror_unlocked(source) || ferror_unlocked(target);
+}
+void PutCharUnlocked(int c, std::FILE* file) { putc_unlocked(c, file); }
+#endif
+
+// Copies one file character by character. The end-of-file test comes before the read, so
+// the EOF of the last, failed read is written too: the backup ends with one byte 0xFF more
+// than the source. The measuring application's backups have always looked like this.
+// nullopt when either file could not be opened; else whether the copy went through.
+std::optional<bool> CopyForBackup(const char* sourceName, const char* targetName) {
+    char sourcePath[500];
+    char targetPath[500];
+    const std::uint32_t n1 = GetWindowsDirectoryA(sourcePath, sizeof sourcePath);
+    const std::uint32_t n2 = GetWindowsDirectoryA(targetPath, sizeof targetPath);
+    if (n1 == 0 || n1 >= sizeof sourcePath || n2 == 0 || n2 >= sizeof targetPath) {
+        return std::nullopt;
+    }
+    std::strncat(sourcePath, sourceName, sizeof sourcePath - std::strlen(sourcePath) - 1);
+    std::strncat(targetPath, targetName, sizeof targetPath - std::strlen(targetPath) - 1);
+
+    std::FILE* source = platform::OpenFileA(sourcePath, "rt");
+    std::FILE* target = platform::OpenFileA(targetPath, "wt");
+    if (source == nullptr || target == nullptr) {
+        // The measuring application left the file of a half-opened pair open; we close it
+        // so that a failed backup holds no file (and no stale empty .BAK handle) open.
+        if (source != nullptr) std::fclose(source);
+        if (target != nullptr) std::fclose(target);
+        return std::nullopt;
+    }
+    // A read or write error (a directory in the file's place, a full disk) ends the copy
+    // too: the end-of-file indicator alone would never be set then.
+    // One character at a time as always, without taking the stream locks per character
+    // (nothing else uses these streams): a 1 MB file then copies in milliseconds.
+    LockStream(source);
+    LockStream(target);
+    while (!EndOrErrorUnlocked(source, target)) {
+        const int c = GetCharUnlocked(source);
+        PutCharUnlocked(c, target);
+    }
+    UnlockStream(target);
+    UnlockStream(source);
+    const bool copied = !std::ferror(source) && !std::ferror(target);
+    std::fclose(source);
+    return std::fclose(target) == 0 && copied;
+}
+
+}  // namespace
+
+bool ColourSettings::BackupSettingsFiles() {
+    Modified = false;
+    if (const std::optional<bool> copied = CopyForBackup(kBackupSourcePath, kBackupTargetPath)) {
+        return *copied;
+    }
+    return CopyForBackup(kBackupSource32Path, kBackupTarget32Path).value_or(false);
+}
+
+bool ColourSettings::Read() {
+    Modified = false;
+    // The components live across the loop: a value that does not scan keeps the previous
+    // window's component. Before the first window they are white.
+    int red = 255;
+    int green = 255;
+    int blue = 255;
+    for (int i = 0; i < kColourEntryCount; ++i) {
+        // The spare entries have no key: the scratch text still holds "DATA INPUT WINDOW",
+        // so they take its colour and become listed. Kept as the measuring application has it.
+        if (i < kColourKeyCount) {
+            ReadProfileText(kColourKeys[static_cast<std::size_t>(i)], ScratchText, 80,
+                            kColourSection);
+        }
+        if (EqualsNoCase(ScratchText, "NONE")) continue;  // "NONE": the default colour
+        std::sscanf(ScratchText, "%d,%d,%d", &red, &green, &blue);
+        ColourEntry& entry = ColourTable[static_cast<std::size_t>(i)];
+        entry.Colour = MakeColour(red, green, blue);
+        entry.Listed = true;
+    }
+    return true;
+}
+
+bool ColourSettings::Write() {
+    // The result of the backup is not looked at: a write goes ahead without one.
+    BackupSettingsFiles();
+    for (int i = 0; i < kColourKeyCount; ++i) {
+        const std::uint32_t colour = ColourTable[static_cast<std::size_t>(i)].Colour;
+        std::snprintf(ScratchText, sizeof ScratchText, "%d,%d,%d", RedOf(colour),
+                      GreenOf(colour), BlueOf(colour));
+        WriteProfileText(kColourKeys[static_cast<std::size_t>(i)], ScratchText, kColourSection);
+    }
+    return true;
+}
+
+}  // namespace wk

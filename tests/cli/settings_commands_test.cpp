@@ -1,0 +1,190 @@
+// `wkestel show | check | resave` through the runner, with captured streams.
+#include <gtest/gtest.h>
+
+#include <nlohmann/json.hpp>
+
+#include <filesystem>
+
+#include "cli_test_support.h"
+#include "support/file_bytes.h"
+#include "support/temp_prefix.h"
+
+#ifndef WKESTEL_DEMO_PREFIX_DIR
+#error "WKESTEL_DEMO_PREFIX_DIR must name demo/prefix"
+#endif
+
+namespace wk {
+namespace {
+
+namespace fs = std::filesystem;
+using test::RunCli;
+using test::TempWinePrefix;
+
+std::string Crlf(std::initializer_list<const char*> lines) {
+    std::string text;
+    for (const char* line : lines) {
+        text += line;
+        text += "\r\n";
+    }
+    return text;
+}
+
+class SettingsCommandsTest : public ::testing::Test {
+protected:
+    void Files(const std::string& wzelko, const std::string& wzelko32) {
+        prefix.WriteWindowsFile("WZELKO.INI", wzelko);
+        prefix.WriteWindowsFile("WZELKO32.INI", wzelko32);
+    }
+    // The demo machine's files, copied into the test's own prefix.
+    void DemoFiles() {
+        const fs::path demo = fs::path(WKESTEL_DEMO_PREFIX_DIR) / "drive_c" / "windows";
+        for (const char* name : {"WZELKO.INI", "WZELKO32.INI", "WIN.INI"}) {
+            prefix.WriteWindowsFile(name, test::ReadFileBytes(demo / name));
+        }
+    }
+    TempWinePrefix prefix;
+};
+
+const std::string kCom9Machine = Crlf({"; test machine", "[CONTROLLER]", "Type=QEN", "[CMM]",
+                                       "PORT=COM9:", "CNC=TRUE", "[SYSTEMPARAM]", "GUI=NONE"});
+
+TEST_F(SettingsCommandsTest, ShowListsEveryLevelWithSectionKeyAndFile) {
+    DemoFiles();
+    const auto result = RunCli({"show"});
+    ASSERT_EQ(result.exitCode, 0) << result.err;
+    for (const char* level :
+         {"ColourSettings", "MachineSettings", "SystemSettings", "InitSettings",
+          "MechOffsetSettings", "DefaultPointsSettings", "SoundSettings", "DirectorySettings",
+          "ControllerSettings", "AxesConvSettings"}) {
+        EXPECT_NE(result.out.find(std::string("\n") + level + "\n"), std::string::npos) << level;
+    }
+    EXPECT_NE(result.out.find("Controller type: \"RMD\" (accepts TCP/IP)"), std::string::npos);
+    EXPECT_NE(result.out.find("[MACHINEPARAM] DIST APPROACH  WZELKO.INI"), std::string::npos);
+    EXPECT_NE(result.out.find("[PH9] TYPE  WZELKO32.INI"), std::string::npos);
+    EXPECT_NE(result.out.find("COM2:9600,N,8,2"), std::string::npos);
+}
+
+TEST_F(SettingsCommandsTest, ShowJsonKeysAreTheRecordsFieldNames) {
+    Files(Crlf({"[CMM]", "PORT=COM3:", "[MECHAOFFS]", "offy=2.5"}), "");
+    const auto result = RunCli({"show", "--json"});
+    ASSERT_EQ(result.exitCode, 0) << result.err;
+    const auto json = nlohmann::json::parse(result.out);
+    const auto& levels = json.at("levels");
+    EXPECT_EQ(levels.size(), 10u);
+    EXPECT_EQ(levels.at("MachineSettings").at("PortIndex").at("value"), 2);
+    EXPECT_EQ(levels.at("MachineSettings").at("PortIndex").at("section"), "CMM");
+    EXPECT_EQ(levels.at("MachineSettings").at("PortIndex").at("key"), "PORT");
+    EXPECT_EQ(levels.at("MachineSettings").at("PortIndex").at("file"), "WZELKO.INI");
+    EXPECT_EQ(levels.at("MechOffsetSettings").at("OffsetY").at("value"), 2.5);
+    EXPECT_EQ(levels.at("AxesConvSettings").at("QenAxesConvention").at("value"), true);
+    EXPECT_EQ(levels.at("ColourSettings").at("ColourTable[0]").at("value").at("blue"), 255);
+    EXPECT_EQ(json.at("controller").at("type"), "");
+    EXPECT_EQ(json.at("controller").at("AcceptsTcpip"), false);
+}
+
+TEST_F(SettingsCommandsTest, ShowHonoursThePrefixOption) {
+    TempWinePrefix other;  // now the platform's prefix; the files are in `prefix`
+    prefix.WriteWindowsFile("WZELKO.INI", Crlf({"[CMM]", "PORT=COM6:"}));
+    const auto result = RunCli({"--prefix", prefix.Root().string(), "show", "--json"});
+    ASSERT_EQ(result.exitCode, 0) << result.err;
+    EXPECT_EQ(nlohmann::json::parse(result.out)
+                  .at("levels")
+                  .at("MachineSettings")
+                  .at("PortIndex")
+                  .at("value"),
+              5);
+}
+
+TEST_F(SettingsCommandsTest, CheckReportsCom9ReadAsCom1AndExitsOne) {
+    Files(kCom9Machine, "");
+    const auto result = RunCli({"check"});
+    EXPECT_EQ(result.exitCode, 1) << result.err;
+    EXPECT_NE(result.out.find("[CMM] PORT: \"COM9:\" -> \"COM1:\""), std::string::npos)
+        << result.out;
+    EXPECT_NE(result.out.find("[SYSTEMPARAM] GUI: \"NONE\" -> \"QEN\""), std::string::npos);
+    EXPECT_NE(result.out.find("[CMM] USESOCKET: added \"0\""), std::string::npos);
+    EXPECT_NE(result.out.find("WZELKO32.INI: "), std::string::npos);
+}
+
+TEST_F(SettingsCommandsTest, CheckLeavesTheRealFilesAndBackupsUntouched) {
+    Files(kCom9Machine, Crlf({"[PH9]", "TYPE=1"}));
+    const auto before = fs::last_write_time(prefix.WindowsFile("WZELKO.INI"));
+    const auto result = RunCli({"check"});
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_EQ(prefix.ReadWindowsFile("WZELKO.INI"), kCom9Machine);
+    EXPECT_EQ(prefix.ReadWindowsFile("WZELKO32.INI"), Crlf({"[PH9]", "TYPE=1"}));
+    EXPECT_EQ(fs::last_write_time(prefix.WindowsFile("WZELKO.INI")), before);
+    EXPECT_FALSE(fs::exists(prefix.WindowsFile("WZELKO.BAK")));
+    EXPECT_FALSE(fs::exists(prefix.WindowsFile("WZELKO32.BAK")));
+    // The platform points at the test's prefix again.
+    EXPECT_EQ(RunCli({"profile", "get", "WZELKO.INI", "CMM", "PORT"}).out, "COM9:\n");
+}
+
+TEST_F(SettingsCommandsTest, CheckJsonListsOldAndNewValues) {
+    Files(kCom9Machine, "");
+    const auto result = RunCli({"check", "--json"});
+    EXPECT_EQ(result.exitCode, 1);
+    const auto json = nlohmann::json::parse(result.out);
+    EXPECT_TRUE(json.at("wouldChange"));
+    bool found = false;
+    for (const auto& change : json.at("changes")) {
+        if (change.at("section") == "CMM" && change.at("key") == "PORT") {
+            found = true;
+            EXPECT_EQ(change.at("old"), "COM9:");
+            EXPECT_EQ(change.at("new"), "COM1:");
+            EXPECT_EQ(change.at("file"), "WZELKO.INI");
+            EXPECT_EQ(change.at("change"), "changed");
+        }
+    }
+    EXPECT_TRUE(found);
+}
+
+TEST_F(SettingsCommandsTest, CheckExitsZeroAfterAResave) {
+    Files(kCom9Machine, "");
+    const auto resave = RunCli({"resave"});
+    ASSERT_EQ(resave.exitCode, 0) << resave.err;
+    const auto result = RunCli({"check"});
+    EXPECT_EQ(result.exitCode, 0) << result.out;
+    EXPECT_NE(result.out.find("WZELKO.INI: no change"), std::string::npos);
+    EXPECT_NE(result.out.find("WZELKO32.INI: no change"), std::string::npos);
+}
+
+TEST_F(SettingsCommandsTest, TheDemoMachineIsSavedAsItStands) {
+    DemoFiles();
+    const auto result = RunCli({"check"});
+    EXPECT_EQ(result.exitCode, 0) << result.out;
+}
+
+TEST_F(SettingsCommandsTest, ResaveTakesTheBackupAndWritesEveryGroup) {
+    Files(kCom9Machine, "");
+    const auto result = RunCli({"resave"});
+    ASSERT_EQ(result.exitCode, 0) << result.err;
+    EXPECT_EQ(prefix.ReadWindowsFile("WZELKO.BAK"), kCom9Machine + '\xFF');
+    EXPECT_EQ(RunCli({"profile", "get", "WZELKO.INI", "CMM", "PORT"}).out, "COM1:\n");
+    EXPECT_EQ(RunCli({"profile", "get", "WZELKO.INI", "DEFAULT PTS", "TORUS"}).out, "13\n");
+    EXPECT_EQ(RunCli({"profile", "get", "WZELKO32.INI", "COMPENS", "METHOD"}).out, "QEN\n");
+    // Untouched lines stay: the comment is still the first line.
+    EXPECT_EQ(prefix.ReadWindowsFile("WZELKO.INI").rfind("; test machine\r\n[CONTROLLER]\r\n", 0),
+              0u);
+}
+
+TEST_F(SettingsCommandsTest, ResaveThatCannotWriteSaysWhyAndExitsOne) {
+    // A directory where the settings file should be: nothing can replace it.
+    fs::create_directory(prefix.WindowsFile("WZELKO.INI"));
+    prefix.WriteWindowsFile("WZELKO32.INI", "");
+    const auto result = RunCli({"resave"});
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_NE(result.err.find("WZELKO.INI"), std::string::npos) << result.err;
+}
+
+TEST_F(SettingsCommandsTest, CommandsWithoutAWindowsDirectorySayWhereTheyLooked) {
+    fs::remove_all(prefix.WindowsDir());
+    for (const char* command : {"show", "check", "resave"}) {
+        const auto result = RunCli({command});
+        EXPECT_EQ(result.exitCode, 1) << command;
+        EXPECT_FALSE(result.err.empty()) << command;
+    }
+}
+
+}  // namespace
+}  // namespace wk
