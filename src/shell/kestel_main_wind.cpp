@@ -3,6 +3,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
+#include <QColorDialog>
 #include <QFileDialog>
 #include <QGridLayout>
 #include <QKeyEvent>
@@ -626,6 +627,22 @@ bool TKestelMainWind::BrowseForFile(std::string& path, const std::string& initia
     const std::string host = chosen.front().toStdString();
     path = platform::Utf8ToAnsi(platform::HostToDosPath(host).value_or(host));
     return true;
+}
+
+QColorDialog* TKestelMainWind::WinColorDialog() {
+    if (!winColorDialog_) {
+        // The measuring application's colour dialog could not be opened full (no custom
+        // colours), offered solid colours only and had a help button. Qt's dialog always shows
+        // its custom colours and has no help button; solid colours are its default (no alpha
+        // channel). Qt's own dialog rather than the desktop's, so that it looks and answers
+        // the same everywhere.
+        winColorDialog_ = new QColorDialog(this);
+        winColorDialog_->setObjectName(QStringLiteral("WinColorDialog"));
+        winColorDialog_->setOption(QColorDialog::ShowAlphaChannel, false);
+        winColorDialog_->setOption(QColorDialog::DontUseNativeDialog);
+        winColorDialog_->setModal(true);
+    }
+    return winColorDialog_;
 }
 
 }  // namespace wk

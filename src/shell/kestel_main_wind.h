@@ -26,6 +26,7 @@ class QLabel;
 class QMenu;
 class QPushButton;
 class QFileDialog;
+class QColorDialog;
 
 namespace wk {
 
@@ -58,6 +59,10 @@ public:
     // otherwise.
     bool BrowseForFile(std::string& path, const std::string& initialDir, const std::string& ext,
                        const std::string& description);
+
+    // The shared colour dialog (the window colours page presets and runs it), made on first
+    // use: solid colours only, no help button (Qt's colour dialog has none).
+    QColorDialog* WinColorDialog();
 
     // Services for the pages.
     SetupSettings* Settings() const { return settings_.get(); }
@@ -133,7 +138,8 @@ private:
     QPushButton* pOK_ = nullptr;
     QPushButton* pCancel_ = nullptr;
     QLabel* pBottBar_ = nullptr;
-    QFileDialog* openFileDialog_ = nullptr;  // made on first use
+    QFileDialog* openFileDialog_ = nullptr;   // made on first use
+    QColorDialog* winColorDialog_ = nullptr;  // made on first use
     std::array<KestelPage*, kPageCount> pages_{};
     std::array<QAction*, kPageCount> pageActions_{};
     QAction* controlSeparator_ = nullptr;

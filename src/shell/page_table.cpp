@@ -1,6 +1,8 @@
 #include "shell/page_table.h"
 
+#include "pages/axes_conv_page.h"
 #include "pages/mech_offsets_page.h"
+#include "pages/win_color_page.h"
 
 namespace wk {
 
@@ -20,9 +22,9 @@ const std::array<PageEntry, kPageCount> kPages{{
     {"ControllerTabSheet",  "Controller",         "KestelGenConf_Controller",   nullptr,           22,  true,  PageRefresh::OnEntry},
     {"NumPointsTabSheet",   "Number of pts.",     "KestelElemPar_NumPts",       nullptr,           23,  true,  PageRefresh::OnEntry},
     {"SoundsTabSheet",      "Sounds",             "KestelOther_Sounds",         nullptr,           26,  true,  PageRefresh::OnEntry},
-    {"WinColorTabSheet",    "Windows Colors",     "KestelOther_WindowsColor",   nullptr,           28,  true,  PageRefresh::OnEntryAndChange},
+    {"WinColorTabSheet",    "Windows Colors",     "KestelOther_WindowsColor",   &Make<TWinColorPage>, 28,  true,  PageRefresh::OnEntryAndChange},
     {"DirectoriesTabSheet", "Directories",        "KestelOther_Directories",    nullptr,           30,  true,  PageRefresh::Never},
-    {"AxesConvTabSheet",    "Axes Convention",    "KestelOther_AxesConvention", nullptr,           32,  false, PageRefresh::OnChange},
+    {"AxesConvTabSheet",    "Axes Convention",    "KestelOther_AxesConvention", &Make<TAxesConvPage>, 32,  false, PageRefresh::OnChange},
     {"VolcompTabSheet",     "Volcomp",            "KestelGenConf_Volcomp",      nullptr,           127, true,  PageRefresh::OnEntry},
 }};
 // clang-format on

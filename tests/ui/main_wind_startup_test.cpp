@@ -409,22 +409,24 @@ TEST(PageTable, PagesNotBuiltAreAbsentAndTheirMenuEntriesDisabled) {
     auto window = StartWindow(script);
     ASSERT_TRUE(window->Ready());
 
+    // The sheets of the built pages, in tab order; the others absent, their entries disabled.
     PageControl* pages = window->PageCtl();
-    ASSERT_EQ(pages->SheetCount(), 1);
-    EXPECT_EQ(pages->Sheet(0)->objectName(), QStringLiteral("MecOffTabSheet"));
+    int sheet = 0;
+    for (const PageEntry& entry : PageTable()) {
+        const QString name = QString::fromLatin1(entry.sheetName);
+        EXPECT_EQ(Find<QAction>(*window, entry.menuEntry)->isEnabled(), entry.factory != nullptr)
+            << entry.menuEntry;
+        if (entry.factory) {
+            ASSERT_LT(sheet, pages->SheetCount()) << entry.sheetName;
+            EXPECT_EQ(pages->Sheet(sheet++)->objectName(), name);
+        } else {
+            EXPECT_EQ(window->findChild<QWidget*>(name), nullptr) << entry.sheetName;
+        }
+    }
+    EXPECT_EQ(pages->SheetCount(), sheet);
+    // The machine parameters page is not built yet: the first sheet is shown.
     EXPECT_EQ(pages->ActivePage(), pages->Sheet(0));
-    EXPECT_TRUE(Find<QAction>(*window, "KestelGenConf_MecOff")->isEnabled());
-    for (const char* absent :
-         {"KestelGenConf_MacPar", "KestelGenConf_SysParam", "KestelGenConf_Init",
-          "KestelGenConf_Volcomp", "KestelGenConf_Controller", "KestelElemPar_NumPts",
-          "KestelOther_Sounds", "KestelOther_WindowsColor", "KestelOther_Directories",
-          "KestelOther_AxesConvention"}) {
-        EXPECT_FALSE(Find<QAction>(*window, absent)->isEnabled()) << absent;
-    }
-    for (const char* sheet :
-         {"MacParTabSheet", "SysParTabSheet", "InitTabSheet", "VolcompTabSheet"}) {
-        EXPECT_EQ(window->findChild<QWidget*>(QString::fromLatin1(sheet)), nullptr) << sheet;
-    }
+    EXPECT_EQ(pages->Sheet(0)->objectName(), QStringLiteral("MecOffTabSheet"));
 }
 
 }  // namespace

@@ -1,0 +1,42 @@
+#pragma once
+// The axes convention page (AxesConvTabSheet): the two conventions of the machine axes as two
+// large picture buttons, the chosen one showing its "on" picture and the other its "off"
+// picture. A click writes the record at once, so the page has nothing to store.
+
+#include <QLabel>
+#include <QToolButton>
+
+#include "shell/kestel_page.h"
+
+namespace wk {
+
+class TAxesConvPage : public KestelPage {
+    Q_OBJECT
+
+public:
+    explicit TAxesConvPage(TKestelMainWind& mainWind);
+
+    void Initialise() override;
+    // Never called: the page table gives this page no store, since a click has already
+    // written the record and nothing is ever pending here.
+    void Store() override {}
+    void Load(bool refreshAll) override;
+
+public slots:
+    void pGB_QenAxesClick();
+    void pGB_KVAxesClick();
+
+private:
+    void ShowState();
+    static void CopyGlyph(QToolButton* button, const QLabel* picture);
+
+    QToolButton* pGB_QenAxes;
+    QToolButton* pGB_KVAxes;
+    // Hidden: they only hold the pictures the buttons' glyphs are copied from.
+    QLabel* QenAxesOn;
+    QLabel* QenAxesOff;
+    QLabel* VKAxesOn;
+    QLabel* VKAxesOff;
+};
+
+}  // namespace wk
