@@ -4,14 +4,13 @@
 // of section "Controller", then SetupSettings and ReadAll.
 
 #include <CLI/CLI.hpp>
-#include <nlohmann/json.hpp>
-
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <map>
-#include <optional>
 #include <memory>
+#include <nlohmann/json.hpp>
+#include <optional>
 #include <string>
 #include <system_error>
 #include <vector>
@@ -142,7 +141,9 @@ struct KeyValue {
     std::string section, key, value;
 };
 
-std::string Upper(std::string text) { return ToUpperAscii(std::move(text)); }
+std::string Upper(std::string text) {
+    return ToUpperAscii(std::move(text));
+}
 
 // A NUL-separated listing of the profile functions, grown until it fits.
 std::vector<std::string> Listing(const char* section, const char* fileName) {
@@ -177,9 +178,9 @@ std::vector<KeyValue> Snapshot(const char* fileName) {
         std::map<std::string, bool> seenKeys;
         for (const std::string& key : Listing(section.c_str(), fileName)) {
             if (!seenKeys.emplace(Upper(key), true).second) continue;
-            const std::uint32_t n = GetPrivateProfileStringA(
-                section.c_str(), key.c_str(), "", value.data(),
-                static_cast<std::uint32_t>(value.size()), fileName);
+            const std::uint32_t n =
+                GetPrivateProfileStringA(section.c_str(), key.c_str(), "", value.data(),
+                                         static_cast<std::uint32_t>(value.size()), fileName);
             values.push_back(KeyValue{section, key, std::string(value.data(), n)});
         }
     }
@@ -210,7 +211,8 @@ class ScratchPrefix {
 public:
     ScratchPrefix() : previous_(platform::WinePrefix()) {
         std::string pattern = (fs::temp_directory_path() / "wkestel-check-XXXXXX").string();
-        if (mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("cannot make a temporary directory");
+        if (mkdtemp(pattern.data()) == nullptr)
+            throw std::runtime_error("cannot make a temporary directory");
         root_ = pattern;
         fs::create_directories(WindowsDir());
         fs::create_directories(root_ / "dosdevices");
@@ -284,8 +286,8 @@ void Check(bool json, CliContext& ctx) {
         for (const char* name : files) before[name] = Snapshot(name);
         written = loaded.record->WriteAll();
         if (!written) {
-            writeError = LastProfileError().empty() ? LastFailedProfileWriteError()
-                                                    : LastProfileError();
+            writeError =
+                LastProfileError().empty() ? LastFailedProfileWriteError() : LastProfileError();
         }
         for (const char* name : files) {
             const std::vector<Change> fileChanges = Compare(name, before[name], Snapshot(name));
@@ -355,8 +357,9 @@ void Resave(CliContext& ctx) {
 void AddSettingsCommands(CLI::App& app, CliContext& ctx) {
     auto showJson = std::make_shared<bool>(false);
     auto* show = app.add_subcommand(
-        "show", "Every setting of every group as the editor reads it, level by level, with its\n"
-                "section, key and file");
+        "show",
+        "Every setting of every group as the editor reads it, level by level, with its\n"
+        "section, key and file");
     show->add_flag("--json", *showJson, "JSON output; keys are the record's field names");
     show->callback([showJson, &ctx] { Show(*showJson, ctx); });
 

@@ -39,8 +39,7 @@ bool ControllerSettings::Read() {
     // Read with the profile function directly, but written through the helper: the
     // measuring application's code has it so, and both reach WZELKO.INI.
     char subtype[80];
-    GetPrivateProfileStringA("CONTROLLER", "SUBTYPE", "R7NS", subtype, sizeof subtype,
-                             kWzelkoIni);
+    GetPrivateProfileStringA("CONTROLLER", "SUBTYPE", "R7NS", subtype, sizeof subtype, kWzelkoIni);
     IsQd32z = EqualsNoCase(subtype, "QD32Z");
     ReadProfileText("Base Address", ScratchText, 256, "Controller");
     unsigned address = 0;

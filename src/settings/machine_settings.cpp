@@ -72,7 +72,7 @@ void MachineSettings::ReadVolcompMethod() {
 void MachineSettings::WriteVolcompMethod() {
     const bool known = VolcompMethod >= 0 && VolcompMethod <= 5;
     WriteProfileKey("COMPENS", "METHOD", known ? kMethodWords[VolcompMethod + 1] : "UNK",
-                               kWzelko32Ini);
+                    kWzelko32Ini);
     if (VolcompMethod == 1 || VolcompMethod == 2) LegacyMethod = VolcompMethod;
     // The older file knows only the two brands: it always names one of them.
     WriteProfileKey("COMPENS", "METHOD", LegacyMethod == 2 ? "KV" : "QEN", kWzelkoIni);
@@ -186,19 +186,33 @@ std::string MachineSettings::Ph9SerialText(std::uint32_t serial) {
     const std::uint32_t speedCode = (serial & kPh9SpeedMask) >> 4;
     if (speedCode < 8) text += kSpeedTexts[speedCode];
     switch (serial & kPh9ParityMask) {
-        case 0x000: text += "N,"; break;
-        case kPh9ParityEven: text += "E,"; break;
-        case kPh9ParityOdd: text += "O,"; break;
-        default: break;
+        case 0x000:
+            text += "N,";
+            break;
+        case kPh9ParityEven:
+            text += "E,";
+            break;
+        case kPh9ParityOdd:
+            text += "O,";
+            break;
+        default:
+            break;
     }
     static constexpr const char* kDataTexts[] = {"5,", "6,", "7,", "8,"};
     const std::uint32_t dataCode = (serial & kPh9DataMask) >> 12;
     if (dataCode < 4) text += kDataTexts[dataCode];
     switch (serial & kPh9StopMask) {
-        case 0x000: text += "1"; break;
-        case 0x400: text += "1.5"; break;
-        case 0x800: text += "2"; break;
-        default: break;
+        case 0x000:
+            text += "1";
+            break;
+        case 0x400:
+            text += "1.5";
+            break;
+        case 0x800:
+            text += "2";
+            break;
+        default:
+            break;
     }
     return text;
 }

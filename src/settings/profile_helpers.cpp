@@ -10,8 +10,8 @@ namespace wk {
 
 namespace {
 
-std::uint32_t ReadTextFrom(const char* fileName, const char* key, char* buffer,
-                           std::uint32_t size, const char* section) {
+std::uint32_t ReadTextFrom(const char* fileName, const char* key, char* buffer, std::uint32_t size,
+                           const char* section) {
     if (buffer == nullptr || size == 0) return 0;
     std::uint32_t length =
         GetPrivateProfileStringA(section, key, kMissingKeyMark, buffer, size, fileName);
@@ -53,9 +53,13 @@ bool WriteProfileKey(const char* section, const char* key, const char* value,
     return Counted(WritePrivateProfileStringA(section, key, value, fileName));
 }
 
-std::uint64_t FailedProfileWrites() { return failedWrites; }
+std::uint64_t FailedProfileWrites() {
+    return failedWrites;
+}
 
-const std::string& LastFailedProfileWriteError() { return lastFailedWriteError; }
+const std::string& LastFailedProfileWriteError() {
+    return lastFailedWriteError;
+}
 
 std::uint32_t ReadProfileInt(const char* key, std::int32_t defaultValue, const char* section) {
     return GetPrivateProfileIntA(section, key, defaultValue, kSettingsFileName);

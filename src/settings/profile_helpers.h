@@ -52,8 +52,7 @@ bool WriteProfileBool(const char* key, bool value, const char* section);
 // A profile write to a file named by the caller ("WZELKO.INI", "WZELKO32.INI"), for the
 // keys the measuring application writes with the profile functions directly. Returns
 // success, and counts a failure as the helpers do.
-bool WriteProfileKey(const char* section, const char* key, const char* value,
-                     const char* fileName);
+bool WriteProfileKey(const char* section, const char* key, const char* value, const char* fileName);
 
 // The groups go on after a failed write, as the measuring application does; a whole-record
 // write compares this count before and after to learn whether every key was written.

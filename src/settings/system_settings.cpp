@@ -18,10 +18,9 @@ void ScanDouble(const char* text, double& value) {
     if (std::sscanf(text, "%lf", &scanned) == 1) value = scanned;
 }
 
-// Part 4.1's file-name rule: "NONE" in any case keeps the name, any other text (an empty
-// one included) is the name in upper case.
-void ReadNameKeepingOnNone(const char* key, const char* section, char* buffer,
-                           std::string& name) {
+// The system parameters' file-name rule: "NONE" in any case keeps the name, any other text (an
+// empty one included) is the name in upper case.
+void ReadNameKeepingOnNone(const char* key, const char* section, char* buffer, std::string& name) {
     ReadProfileText(key, buffer, 80, section);
     if (!EqualsNoCase(buffer, "NONE")) name = ToUpperAscii(buffer);
 }
@@ -47,7 +46,8 @@ bool SystemSettings::Read() {
     MachineSettings::Read();
 
     ReadProfileText("LANGUAGE", ScratchText, 20, "Wzelko");
-    LanguageCode = EqualsNoCase(ScratchText, "NONE") ? std::string("ENG") : ToUpperAscii(ScratchText);
+    LanguageCode =
+        EqualsNoCase(ScratchText, "NONE") ? std::string("ENG") : ToUpperAscii(ScratchText);
     FenWire = ReadProfileBool("FENWIRE", "TOOL");
     Tp200 = ReadProfileBool("TP200", "MEASUREPARAM");
     ReadProfileText("DIASFERACAL", ScratchText, 20, "SYSTEMPARAM");

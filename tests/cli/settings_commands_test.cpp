@@ -1,9 +1,8 @@
 // `wkestel show | check | resave` through the runner, with captured streams.
 #include <gtest/gtest.h>
 
-#include <nlohmann/json.hpp>
-
 #include <filesystem>
+#include <nlohmann/json.hpp>
 
 #include "cli_test_support.h"
 #include "support/file_bytes.h"
@@ -52,10 +51,9 @@ TEST_F(SettingsCommandsTest, ShowListsEveryLevelWithSectionKeyAndFile) {
     DemoFiles();
     const auto result = RunCli({"show"});
     ASSERT_EQ(result.exitCode, 0) << result.err;
-    for (const char* level :
-         {"ColourSettings", "MachineSettings", "SystemSettings", "InitSettings",
-          "MechOffsetSettings", "DefaultPointsSettings", "SoundSettings", "DirectorySettings",
-          "ControllerSettings", "AxesConvSettings"}) {
+    for (const char* level : {"ColourSettings", "MachineSettings", "SystemSettings", "InitSettings",
+                              "MechOffsetSettings", "DefaultPointsSettings", "SoundSettings",
+                              "DirectorySettings", "ControllerSettings", "AxesConvSettings"}) {
         EXPECT_NE(result.out.find(std::string("\n") + level + "\n"), std::string::npos) << level;
     }
     EXPECT_NE(result.out.find("Controller type: \"RMD\" (accepts TCP/IP)"), std::string::npos);
