@@ -162,7 +162,8 @@ std::optional<std::string> HostToDosPath(const std::string& hostPath) {
     bool any = false;
     for (const fs::path& part : relative) {
         if (part.empty() || part == ".") continue;
-        dos += "\\" + part.string();
+        dos += '\\';
+        dos += part.string();
         any = true;
     }
     if (!any) dos += "\\";
