@@ -1,0 +1,10 @@
+#pragma once
+// The commands of `wkestel`. Each adds its subcommand (with its own --help) to the app.
+
+#include "cli/cli_context.h"
+
+namespace wk::cli {
+
+void AddProfileCommand(CLI::App& app, CliContext& ctx);
+
+}  // namespace wk::cli

@@ -1,0 +1,144 @@
+// `wkestel profile`: the private-profile functions, one call per command, with the buffer
+// size of the caller's choice, so that an engineer sees exactly what the measuring
+// application's own calls would get.
+
+#include <CLI/CLI.hpp>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "cli/commands.h"
+#include "cli/windows_directory_check.h"
+#include "platform/profile.h"
+
+namespace wk::cli {
+namespace {
+
+constexpr std::uint32_t kDefaultBufferSize = 65536;
+
+// A listing as the buffer delivers it: NUL-separated names within the returned length.
+// A name cut by the buffer is printed cut, as the measuring application would see it.
+void PrintNameList(const std::vector<char>& buffer, std::uint32_t length, std::ostream& out) {
+    std::string name;
+    for (std::uint32_t i = 0; i < length; ++i) {
+        if (buffer[i] == '\0') {
+            out << name << '\n';
+            name.clear();
+        } else {
+            name += buffer[i];
+        }
+    }
+    if (!name.empty()) out << name << '\n';
+}
+
+// The buffer size must leave room for the terminating NUL the functions always write.
+void AddSizeOption(CLI::App* command, std::uint32_t& size) {
+    command->add_option("--size", size, "Buffer size in characters, NUL included")
+        ->check(CLI::Range(1u, 16u * 1024u * 1024u));
+}
+
+void ReportWriteResult(bool ok, CliContext& ctx) {
+    if (!ok) {
+        ctx.err << "wkestel: " << LastProfileError() << '\n';
+        ctx.exitCode = 1;
+    }
+}
+
+struct ProfileArgs {
+    std::string file, section, key, value, defaultText;
+    bool hasDefault = false;
+    std::int32_t intDefault = 0;
+    std::uint32_t size = kDefaultBufferSize;
+};
+
+}  // namespace
+
+void AddProfileCommand(CLI::App& app, CliContext& ctx) {
+    auto* profile = app.add_subcommand(
+        "profile",
+        "Read and write INI files as the Windows private-profile functions do. FILE is a bare\n"
+        "name in the Windows directory (matched without regard to case), or a path.");
+    profile->require_subcommand(1);
+    auto args = std::make_shared<ProfileArgs>();
+
+    auto* get = profile->add_subcommand("get", "Print the value of a key, as a buffer receives it");
+    get->add_option("FILE", args->file)->required();
+    get->add_option("SECTION", args->section)->required();
+    get->add_option("KEY", args->key)->required();
+    get->add_option("--default", args->defaultText, "Default when the key is missing")
+        ->each([args](const std::string&) { args->hasDefault = true; });
+    AddSizeOption(get, args->size);
+    get->callback([args, &ctx] {
+        if (!CheckWindowsDirectoryFor(args->file, ctx)) return;
+        std::vector<char> buffer(args->size, '\0');
+        const std::uint32_t n = GetPrivateProfileStringA(
+            args->section.c_str(), args->key.c_str(),
+            args->hasDefault ? args->defaultText.c_str() : "", buffer.data(), args->size,
+            args->file.c_str());
+        ctx.out << std::string(buffer.data(), n) << '\n';
+    });
+
+    auto* keys = profile->add_subcommand("keys", "List the keys of a section, one per line");
+    keys->add_option("FILE", args->file)->required();
+    keys->add_option("SECTION", args->section)->required();
+    AddSizeOption(keys, args->size);
+    keys->callback([args, &ctx] {
+        if (!CheckWindowsDirectoryFor(args->file, ctx)) return;
+        std::vector<char> buffer(args->size, '\0');
+        const std::uint32_t n = GetPrivateProfileStringA(
+            args->section.c_str(), nullptr, "", buffer.data(), args->size, args->file.c_str());
+        PrintNameList(buffer, n, ctx.out);
+    });
+
+    auto* sections = profile->add_subcommand("sections", "List the sections, one per line");
+    sections->add_option("FILE", args->file)->required();
+    AddSizeOption(sections, args->size);
+    sections->callback([args, &ctx] {
+        if (!CheckWindowsDirectoryFor(args->file, ctx)) return;
+        std::vector<char> buffer(args->size, '\0');
+        const std::uint32_t n = GetPrivateProfileStringA(nullptr, nullptr, "", buffer.data(),
+                                                         args->size, args->file.c_str());
+        PrintNameList(buffer, n, ctx.out);
+    });
+
+    auto* integer = profile->add_subcommand("int", "Print a key's value read as an integer");
+    integer->add_option("FILE", args->file)->required();
+    integer->add_option("SECTION", args->section)->required();
+    integer->add_option("KEY", args->key)->required();
+    integer->add_option("DEFAULT", args->intDefault, "Value when the key is missing")->required();
+    integer->callback([args, &ctx] {
+        if (!CheckWindowsDirectoryFor(args->file, ctx)) return;
+        ctx.out << GetPrivateProfileIntA(args->section.c_str(), args->key.c_str(),
+                                         args->intDefault, args->file.c_str())
+                << '\n';
+    });
+
+    auto* set = profile->add_subcommand("set", "Set a key, creating section and file if needed");
+    set->add_option("FILE", args->file)->required();
+    set->add_option("SECTION", args->section)->required();
+    set->add_option("KEY", args->key)->required();
+    set->add_option("VALUE", args->value)->required();
+    set->callback([args, &ctx] {
+        if (!CheckWindowsDirectoryFor(args->file, ctx)) return;
+        ReportWriteResult(WritePrivateProfileStringA(args->section.c_str(), args->key.c_str(),
+                                                     args->value.c_str(), args->file.c_str()),
+                          ctx);
+    });
+
+    auto* del = profile->add_subcommand(
+        "delete", "Delete a key, or a whole section (its comment lines stay) when KEY is omitted");
+    del->add_option("FILE", args->file)->required();
+    del->add_option("SECTION", args->section)->required();
+    del->add_option("KEY", args->key);
+    del->callback([args, del, &ctx] {
+        if (!CheckWindowsDirectoryFor(args->file, ctx)) return;
+        const bool wholeSection = del->count("KEY") == 0;
+        ReportWriteResult(
+            WritePrivateProfileStringA(args->section.c_str(),
+                                       wholeSection ? nullptr : args->key.c_str(), nullptr,
+                                       args->file.c_str()),
+            ctx);
+    });
+}
+
+}  // namespace wk::cli

@@ -1,0 +1,18 @@
+#include "cli_test_support.h"
+
+#include <sstream>
+
+#include "cli/cli_runner.h"
+
+namespace wk::test {
+
+CliResult RunCli(const std::vector<std::string>& args) {
+    std::ostringstream out, err;
+    CliResult result;
+    result.exitCode = cli::RunWkestel(args, out, err);
+    result.out = out.str();
+    result.err = err.str();
+    return result;
+}
+
+}  // namespace wk::test

@@ -1,0 +1,17 @@
+#pragma once
+// Runs `wkestel` in-process with captured output.
+
+#include <string>
+#include <vector>
+
+namespace wk::test {
+
+struct CliResult {
+    int exitCode = 0;
+    std::string out;
+    std::string err;
+};
+
+CliResult RunCli(const std::vector<std::string>& args);
+
+}  // namespace wk::test
