@@ -1,5 +1,6 @@
 #include "platform/profile.h"
 
+#include <cerrno>
 #include <cstring>
 #include <string>
 #include <string_view>
@@ -185,9 +186,16 @@ bool WritePrivateProfileStringA(const char* section, const char* key, const char
                       ": a key cannot be written without a section";
         return false;
     }
+    const std::string_view sectionName = TrimSpaces(section);
+    const std::size_t length = sectionName.size() + (key != nullptr ? std::strlen(key) : 0) +
+                               (value != nullptr ? std::strlen(value) : 0);
+    if (length > ProfileDocument::kMaxFileBytes / 4) {
+        LastError() = std::string(fileName != nullptr ? fileName : "WIN.INI") +
+                      ": " + std::strerror(EFBIG);
+        return false;
+    }
     ProfileStore& store = ProfileStore::Instance();
     std::lock_guard lock(store.Mutex());
-    const std::string_view sectionName = TrimSpaces(section);
     const std::string_view keyName = key != nullptr ? TrimSpaces(key) : std::string_view();
     const bool ok = store.Write(
         fileName,

@@ -194,6 +194,12 @@ void ProfileDocument::AddLine(const Line& line) {
     }
 }
 
+// Replaced lines stay in the arena until the next re-read of the document's own bytes: many
+// rewrites of a long value in one batch must not make the arena grow without bound.
+void ProfileDocument::CompactIfArenaLarge() {
+    if (arena_.size() > 2 * content_.size() + 65536) Reparse();
+}
+
 void ProfileDocument::Reparse() {
     Parse(SerializeContent());
 }
@@ -344,7 +350,11 @@ bool ProfileDocument::SetValue(std::string_view section, std::string_view key,
                                        : TextWithTerminator(line).substr(line.length));
         std::vector<Line>& lines = Detach(sec);
         lines[*k] = MakeLine(newText, ownTerminator, LineKind::Key);
-        if (HasLineBreak(value)) Reparse();
+        if (HasLineBreak(value)) {
+            Reparse();
+        } else {
+            CompactIfArenaLarge();
+        }
         return true;
     }
     // A new key goes right after the section's last key line (a line without '=' counts),
@@ -371,6 +381,7 @@ bool ProfileDocument::SetValue(std::string_view section, std::string_view key,
         IndexAdd(sec.keyIndex->slots, sec.keyIndex->count, KeyName(newText), pos,
                  [&](std::size_t i) { return KeyName(Text(lines[i])); });
     }
+    CompactIfArenaLarge();
     return true;
 }
 

@@ -30,6 +30,10 @@ namespace wk::platform {
 
 class ProfileDocument {
 public:
+    // The largest file a document holds: lines are addressed with 31-bit offsets. A settings
+    // file is a few kilobytes; the store refuses larger files rather than misread them.
+    static constexpr std::size_t kMaxFileBytes = 0x40000000;  // 1 GiB
+
     // Parses the bytes of a file (empty for a file that does not exist yet).
     explicit ProfileDocument(std::string fileBytes);
 
@@ -107,6 +111,7 @@ private:
     void ParseLinesInto(bool inArena, std::size_t begin, std::size_t end);
     void AddLine(const Line& line);
     void Reparse();
+    void CompactIfArenaLarge();
     std::string SerializeContent() const;
 
     std::size_t LineCount(const Section& section) const;

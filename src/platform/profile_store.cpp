@@ -97,7 +97,10 @@ ProfileStore::CachedFile& ProfileStore::Current(const std::string& path) {
     if (batchDepth_ > 0 && file.checkedInBatch == batchNumber_) return file;
     const FileStamp stamp = StatFile(path);
     const bool known = file.document != nullptr || !file.readError.empty() || file.stamp.exists;
-    if (!known || !(stamp == file.stamp) || (!stamp.exists && file.document)) {
+    // A file that could not be read is tried again on every call (its permissions may have
+    // been fixed without any change that the stamp shows).
+    if (!known || !file.readError.empty() || !(stamp == file.stamp) ||
+        (!stamp.exists && file.document)) {
         file.document.reset();
         file.readError.clear();
         file.stamp = stamp;
@@ -105,11 +108,15 @@ ProfileStore::CachedFile& ProfileStore::Current(const std::string& path) {
             std::string bytes;
             FileStamp readStamp;
             std::string error;
-            if (ReadWholeFile(path, bytes, readStamp, error)) {
+            if (stamp.size > ProfileDocument::kMaxFileBytes) {
+                file.readError = Describe(path, EFBIG);
+            } else if (!ReadWholeFile(path, bytes, readStamp, error)) {
+                file.readError = error;
+            } else if (bytes.size() > ProfileDocument::kMaxFileBytes) {
+                file.readError = Describe(path, EFBIG);
+            } else {
                 file.document = std::make_unique<ProfileDocument>(std::move(bytes));
                 file.stamp = readStamp;
-            } else {
-                file.readError = error;
             }
         }
     }

@@ -157,3 +157,20 @@ TEST_F(ProfileUtf16, BigEndianMarkIsNotRecognised) {
 
 }  // namespace
 }  // namespace wk
+
+namespace wk {
+namespace {
+
+TEST(ProfileRoundTrip, RewritingALongValueManyTimesKeepsMemoryBounded) {
+    ProfileDocument doc("[S]\r\nk=1\r\n[T]\r\nx=2\r\n");
+    const std::string longValue(10000, 'v');
+    for (int i = 0; i < 500; ++i) {
+        doc.SetValue("S", "k", longValue + std::to_string(i % 2));
+        doc.SetValue("T", "n" + std::to_string(i % 3), std::to_string(i));
+    }
+    EXPECT_LT(doc.BytesHeld(), 200000u);
+    EXPECT_EQ(doc.Serialize(), "[S]\r\nk=" + longValue + "1\r\n[T]\r\nx=2\r\nn0=498\r\nn1=499\r\nn2=497\r\n");
+}
+
+}  // namespace
+}  // namespace wk
