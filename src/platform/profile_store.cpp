@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <string_view>
 #include <system_error>
+#include <vector>
 
 #include "platform/dos_paths.h"
 #include "platform/windows_directory.h"
