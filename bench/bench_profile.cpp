@@ -50,11 +50,16 @@ Sample Generate(std::size_t size, const std::string& fileName) {
     for (int s = 0; out.size() < size; ++s) {
         const std::string section = "SECTION " + std::to_string(s);
         out += "[" + section + "]\r\n";
-        if (rng() % 3 == 0) out += "; Einstellungen f\xFCr die Ma\xDF" "e \x80\r\n";
+        if (rng() % 3 == 0)
+            out +=
+                "; Einstellungen f\xFCr die Ma\xDF"
+                "e \x80\r\n";
         const int keys = 10 + static_cast<int>(rng() % 50);
         for (int k = 0; k < keys && out.size() < size; ++k) {
             const std::string key = "Key Name " + std::to_string(k);
-            out += key + "=" + std::to_string(rng() % 100000) + ".25 Gr\xF6\xDF" "e " +
+            out += key + "=" + std::to_string(rng() % 100000) +
+                   ".25 Gr\xF6\xDF"
+                   "e " +
                    std::to_string(rng()) + "\r\n";
             all.emplace_back(section, key);
             if (rng() % 11 == 0) out += "\r\n";
@@ -92,8 +97,8 @@ const Sample& SampleOf(std::int64_t size) {
     static std::map<std::int64_t, Sample> samples;
     auto it = samples.find(size);
     if (it == samples.end()) {
-        Sample sample = Generate(static_cast<std::size_t>(size),
-                                 "BENCH" + std::to_string(size) + ".INI");
+        Sample sample =
+            Generate(static_cast<std::size_t>(size), "BENCH" + std::to_string(size) + ".INI");
         std::ofstream(Prefix().Path(sample.fileName), std::ios::binary) << sample.bytes;
         it = samples.emplace(size, std::move(sample)).first;
     }
@@ -125,7 +130,8 @@ void BM_ParseAndIndexAll(benchmark::State& state) {
     std::size_t held = 0;
     for (auto _ : state) {
         ProfileDocument doc(sample.bytes);
-        for (const auto& [section, key] : sample.probes) benchmark::DoNotOptimize(doc.Value(section, key));
+        for (const auto& [section, key] : sample.probes)
+            benchmark::DoNotOptimize(doc.Value(section, key));
         held = doc.BytesHeld();
     }
     state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations() * sample.bytes.size()));
@@ -134,7 +140,9 @@ void BM_ParseAndIndexAll(benchmark::State& state) {
 }
 BENCHMARK(BM_ParseAndIndexAll)->Apply(SizeArgs);
 
-int KeepNothing(void*, const char*, const char*, const char*) { return 1; }
+int KeepNothing(void*, const char*, const char*, const char*) {
+    return 1;
+}
 
 void BM_InihBareParse(benchmark::State& state) {
     const Sample& sample = SampleOf(state.range(0));
@@ -151,11 +159,12 @@ void BM_DocumentLookup300(benchmark::State& state) {
     ProfileDocument doc(sample.bytes);
     for (const auto& [section, key] : sample.probes) doc.Value(section, key);  // indexes built
     for (auto _ : state) {
-        for (const auto& [section, key] : sample.probes) benchmark::DoNotOptimize(doc.Value(section, key));
+        for (const auto& [section, key] : sample.probes)
+            benchmark::DoNotOptimize(doc.Value(section, key));
     }
-    state.counters["lookup"] = benchmark::Counter(
-        static_cast<double>(state.iterations() * sample.probes.size()),
-        benchmark::Counter::kIsRate | benchmark::Counter::kInvert);
+    state.counters["lookup"] =
+        benchmark::Counter(static_cast<double>(state.iterations() * sample.probes.size()),
+                           benchmark::Counter::kIsRate | benchmark::Counter::kInvert);
 }
 BENCHMARK(BM_DocumentLookup300)->Apply(SizeArgs);
 
@@ -174,9 +183,9 @@ void BM_GetPrivateProfileString300(benchmark::State& state) {
                 section.c_str(), key.c_str(), "", buffer, sizeof buffer, sample.fileName.c_str()));
         }
     }
-    state.counters["call"] = benchmark::Counter(
-        static_cast<double>(state.iterations() * sample.probes.size()),
-        benchmark::Counter::kIsRate | benchmark::Counter::kInvert);
+    state.counters["call"] =
+        benchmark::Counter(static_cast<double>(state.iterations() * sample.probes.size()),
+                           benchmark::Counter::kIsRate | benchmark::Counter::kInvert);
 }
 BENCHMARK(BM_GetPrivateProfileString300)->Apply(SizeArgs);
 

@@ -54,7 +54,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::string_view input(reinterpret_cast<const char*>(data), size);
     const std::size_t mark = input.find("\xF7\xF7\xF7");
     const std::string file(input.substr(0, mark));
-    const std::string_view ops = mark == std::string_view::npos ? std::string_view() : input.substr(mark + 3);
+    const std::string_view ops =
+        mark == std::string_view::npos ? std::string_view() : input.substr(mark + 3);
 
     ProfileDocument doc(file);
     Check(doc.Serialize() == file);
@@ -70,9 +71,15 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         names.push_back(key);
         switch (static_cast<unsigned char>(op[0]) % 4) {
             case 0:
-            case 1: doc.SetValue(section, key, value); break;
-            case 2: doc.DeleteKey(section, key); break;
-            default: doc.DeleteSection(section); break;
+            case 1:
+                doc.SetValue(section, key, value);
+                break;
+            case 2:
+                doc.DeleteKey(section, key);
+                break;
+            default:
+                doc.DeleteSection(section);
+                break;
         }
         if (names.size() > 12) names.erase(names.begin() + 3, names.begin() + 5);
     }

@@ -14,7 +14,9 @@ namespace {
 using platform::ProfileDocument;
 using platform::ProfileStore;
 
-std::string& LastError() { return platform::LastProfileErrorText(); }
+std::string& LastError() {
+    return platform::LastProfileErrorText();
+}
 
 // Arguments are trimmed of spaces only: a TAB is part of the name, as on Windows.
 std::string_view TrimSpaces(const char* text) {
@@ -126,8 +128,8 @@ std::uint32_t ParseProfileInt(std::string_view text) {
 // (a value of 65,537 characters reading as 1) is a defect no caller relies on, and is not
 // reproduced.
 std::uint32_t GetPrivateProfileStringA(const char* section, const char* key,
-                                       const char* defaultValue, char* buffer,
-                                       std::uint32_t size, const char* fileName) {
+                                       const char* defaultValue, char* buffer, std::uint32_t size,
+                                       const char* fileName) {
     if (buffer == nullptr || size == 0) return 0;
     ProfileStore& store = ProfileStore::Instance();
     std::lock_guard lock(store.Mutex());
@@ -156,15 +158,15 @@ std::uint32_t GetPrivateProfileStringA(const char* section, const char* key,
         }
         return CopyDefault(defaultValue, buffer, size);
     }
-    if (auto value = doc->Value(Internal(*doc, TrimSpaces(section)),
-                                Internal(*doc, TrimSpaces(key)))) {
+    if (auto value =
+            doc->Value(Internal(*doc, TrimSpaces(section)), Internal(*doc, TrimSpaces(key)))) {
         return CopyText(platform::Utf8ToAnsi(*value), buffer, size);
     }
     return CopyDefault(defaultValue, buffer, size);
 }
 
-std::uint32_t GetPrivateProfileIntA(const char* section, const char* key,
-                                    std::int32_t defaultValue, const char* fileName) {
+std::uint32_t GetPrivateProfileIntA(const char* section, const char* key, std::int32_t defaultValue,
+                                    const char* fileName) {
     std::string text;
     bool found = false;
     {
@@ -190,8 +192,8 @@ bool WritePrivateProfileStringA(const char* section, const char* key, const char
     const std::size_t length = sectionName.size() + (key != nullptr ? std::strlen(key) : 0) +
                                (value != nullptr ? std::strlen(value) : 0);
     if (length > ProfileDocument::kMaxFileBytes / 4) {
-        LastError() = std::string(fileName != nullptr ? fileName : "WIN.INI") +
-                      ": " + std::strerror(EFBIG);
+        LastError() =
+            std::string(fileName != nullptr ? fileName : "WIN.INI") + ": " + std::strerror(EFBIG);
         return false;
     }
     ProfileStore& store = ProfileStore::Instance();
@@ -215,7 +217,9 @@ std::uint32_t GetProfileStringA(const char* section, const char* key, const char
     return GetPrivateProfileStringA(section, key, defaultValue, buffer, size, nullptr);
 }
 
-const std::string& LastProfileError() { return LastError(); }
+const std::string& LastProfileError() {
+    return LastError();
+}
 
 namespace platform {
 std::string& LastProfileErrorText() {

@@ -115,8 +115,7 @@ bool ReadWholeFile(const std::string& path, std::string& bytes, FileStamp& stamp
     return true;
 }
 
-bool ReplaceFileAtomically(const std::string& path, const std::string& bytes,
-                           std::string& error) {
+bool ReplaceFileAtomically(const std::string& path, const std::string& bytes, std::string& error) {
     const std::string target = FollowLinks(path);
     const fs::path targetPath(target);
     const std::string directory =
@@ -211,8 +210,7 @@ bool ReadWholeFile(const std::string& path, std::string& bytes, FileStamp& stamp
     return true;
 }
 
-bool ReplaceFileAtomically(const std::string& path, const std::string& bytes,
-                           std::string& error) {
+bool ReplaceFileAtomically(const std::string& path, const std::string& bytes, std::string& error) {
     const fs::path target = FollowLinks(path);
     std::error_code ec;
     if (fs::is_directory(target, ec)) {

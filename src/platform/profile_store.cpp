@@ -49,8 +49,7 @@ std::string ProfileStore::ResolveBareName(const std::string& windowsDirectory,
     // order.
     std::string best;
     std::error_code ec;
-    for (fs::directory_iterator it(windowsDirectory, ec), end; !ec && it != end;
-         it.increment(ec)) {
+    for (fs::directory_iterator it(windowsDirectory, ec), end; !ec && it != end; it.increment(ec)) {
         const std::string entry = it->path().filename().string();
         if (EqualsIgnoringAsciiCase(entry, name) && (best.empty() || entry < best)) best = entry;
     }
@@ -62,8 +61,8 @@ std::string ProfileStore::ResolveBareName(const std::string& windowsDirectory,
 std::string ProfileStore::ResolveName(const char* fileName, bool& fromCache) {
     fromCache = false;
     const std::string name = fileName != nullptr ? fileName : "WIN.INI";
-    if (fileName != nullptr && (name.find('\\') != std::string::npos ||
-                                name.find('/') != std::string::npos)) {
+    if (fileName != nullptr &&
+        (name.find('\\') != std::string::npos || name.find('/') != std::string::npos)) {
         // A path: a drive path through the prefix, anything else from the working directory.
 #ifdef _WIN32
         return name;

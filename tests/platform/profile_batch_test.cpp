@@ -1,8 +1,9 @@
 // ProfileBatch: writes applied in memory, one replace per file at the end of the outermost
 // batch, with the bytes the same writes one by one would give.
 
-#include <gtest/gtest.h>
+#include "platform/profile_batch.h"
 
+#include <gtest/gtest.h>
 #include <unistd.h>
 
 #include <filesystem>
@@ -11,7 +12,6 @@
 
 #include "engine_prefix.h"
 #include "platform/profile.h"
-#include "platform/profile_batch.h"
 
 namespace wk {
 namespace {

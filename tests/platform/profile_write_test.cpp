@@ -2,7 +2,6 @@
 // so every byte the call was not asked to change survives.
 
 #include <gtest/gtest.h>
-
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -327,7 +326,8 @@ TEST_F(ProfileWrite, OnlyTheNamedKeysLineChanges) {
     std::string text;
     for (int s = 0; s < 20; ++s) {
         text += "[Section" + std::to_string(s) + "]\r\n;about " + std::to_string(s) + "\r\n";
-        for (int k = 0; k < 20; ++k) text += "Key" + std::to_string(k) + " = " + std::to_string(s * k) + "\r\n";
+        for (int k = 0; k < 20; ++k)
+            text += "Key" + std::to_string(k) + " = " + std::to_string(s * k) + "\r\n";
         text += "\r\n";
     }
     File(text);
@@ -430,7 +430,8 @@ TEST_F(ProfileWriteLimits, FailedWriteRemovesTheTemporaryFileAndKeepsTheOriginal
     EXPECT_NE(LastProfileError().find(Path()), std::string::npos);
     EXPECT_EQ(Bytes(), "[S]\r\nk=1\r\n");
     std::size_t entries = 0;
-    for ([[maybe_unused]] const auto& entry : fs::directory_iterator(prefix.WindowsDir())) ++entries;
+    for ([[maybe_unused]] const auto& entry : fs::directory_iterator(prefix.WindowsDir()))
+        ++entries;
     EXPECT_EQ(entries, 1u);
     EXPECT_EQ(GetString("S", "k", "", "TEST.INI"), "1");
 }
