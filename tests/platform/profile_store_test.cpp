@@ -104,15 +104,18 @@ TEST_F(ProfileStoreTest, DrivePathMapsThroughThePrefix) {
     EXPECT_EQ(EnginePrefix::ReadBytes(prefix.WinPath("WZELKO.INI")), "[S]\r\nk=2\r\n");
 }
 
+// Lines as the measuring application writes them ("DIST APPROACH=2.0000000000"); every
+// section's key index built.
 TEST_F(ProfileStoreTest, DocumentMemoryStaysWithinThreeTimesTheFile) {
     std::string text;
     for (int s = 0; s < 200; ++s) {
-        text += "[Section" + std::to_string(s) + "]\r\n";
+        text += "[MACHINEPARAM" + std::to_string(s) + "]\r\n";
         for (int k = 0; k < 30; ++k)
-            text += "Key" + std::to_string(k) + "=value " + std::to_string(k) + "\r\n";
+            text +=
+                "DIST APPROACH " + std::to_string(k) + "=" + std::to_string(k) + ".5000000000\r\n";
     }
     platform::ProfileDocument doc(text);
-    for (int s = 0; s < 200; ++s) doc.Value("section" + std::to_string(s), "key29");
+    for (int s = 0; s < 200; ++s) doc.Value("machineparam" + std::to_string(s), "dist approach 29");
     EXPECT_LT(doc.BytesHeld(), 3 * text.size());
 }
 
