@@ -9,6 +9,7 @@
 #include <benchmark/benchmark.h>
 #include <fcntl.h>
 #include <ini.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cstdio>
@@ -219,6 +220,15 @@ std::string ReadFile(const fs::path& path) {
     ::close(fd);
     return bytes;
 }
+
+// Floor of a call on a cached file: the stat that checks the file for outside changes.
+void BM_FloorStat(benchmark::State& state) {
+    const Sample& sample = SampleOf(state.range(0));
+    const std::string path = Prefix().Path(sample.fileName).string();
+    struct stat st {};
+    for (auto _ : state) benchmark::DoNotOptimize(::stat(path.c_str(), &st));
+}
+BENCHMARK(BM_FloorStat)->Arg(8 << 10)->Unit(benchmark::kNanosecond);
 
 // Floor: reading the file.
 void BM_FloorRead(benchmark::State& state) {

@@ -145,3 +145,22 @@ TEST_F(ProfileBatchTest, BatchGivesTheSameBytesAsWritesOneByOne) {
 
 }  // namespace
 }  // namespace wk
+
+namespace wk {
+namespace {
+
+TEST_F(ProfileBatchTest, FailureAtTheEndOfTheScopeIsReportedByLastProfileError) {
+    const fs::path dir = prefix.Root() / "gone";
+    fs::create_directory(dir);
+    const std::string path = (dir / "x.ini").string();
+    {
+        ProfileBatch batch;
+        ASSERT_TRUE(WritePrivateProfileStringA("S", "k", "1", path.c_str()));
+        fs::remove_all(dir);
+    }
+    EXPECT_NE(LastProfileError().find(path), std::string::npos);
+    EXPECT_FALSE(fs::exists(dir));
+}
+
+}  // namespace
+}  // namespace wk
