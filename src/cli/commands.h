@@ -6,5 +6,6 @@
 namespace wk::cli {
 
 void AddProfileCommand(CLI::App& app, CliContext& ctx);
+void AddUpgradeCommand(CLI::App& app, CliContext& ctx);
 
 }  // namespace wk::cli
