@@ -20,8 +20,8 @@ using test::GetString;
 
 // Random file content rich in the grammar's delimiters and in bytes that are not text.
 std::string RandomBytes(std::mt19937& rng, std::size_t maxLength) {
-    static const std::string alphabet =
-        std::string("[]=;\"' \t\v\r\n\r\n\0abcAB#\xFF\xFE\x80\xE9", 27);
+    static constexpr char kAlphabet[] = "[]=;\"' \t\v\r\n\r\n\0abcAB#\xFF\xFE\x80\xE9";
+    static const std::string alphabet(kAlphabet, sizeof kAlphabet - 1);
     const std::size_t length = rng() % (maxLength + 1);
     std::string s;
     for (std::size_t i = 0; i < length; ++i) {

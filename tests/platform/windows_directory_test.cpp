@@ -42,10 +42,11 @@ TEST(WindowsDirectory, IsCWindowsAsTheMeasuringApplicationSeesIt) {
 }
 
 TEST(WindowsDirectory, TooSmallBufferGetsTheSizeNeededAndNothingCopied) {
-    char buffer[10] = {'x'};
+    char buffer[16] = {'x'};
     EXPECT_EQ(GetWindowsDirectoryA(buffer, 10), 11u);
     EXPECT_EQ(buffer[0], 'x');
     EXPECT_EQ(GetWindowsDirectoryA(buffer, 11), 10u);
+    EXPECT_STREQ(buffer, "C:\\windows");
 }
 
 TEST(WindowsDirectory, PrefixComesFromOverrideThenWineprefixThenHome) {
