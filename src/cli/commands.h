@@ -7,5 +7,6 @@ namespace wk::cli {
 
 void AddProfileCommand(CLI::App& app, CliContext& ctx);
 void AddSettingsCommands(CLI::App& app, CliContext& ctx);
+void AddUpgradeCommand(CLI::App& app, CliContext& ctx);
 
 }  // namespace wk::cli
