@@ -278,7 +278,14 @@ void Check(bool json, CliContext& ctx) {
         ScratchPrefix scratch;
         for (const char* name : files) {
             if (auto source = FindFileNoCase(windowsDir, name)) {
-                fs::copy_file(*source, scratch.WindowsDir() / source->filename());
+                std::error_code ec;
+                fs::copy_file(*source, scratch.WindowsDir() / source->filename(), ec);
+                if (ec) {
+                    ctx.err << "wkestel: cannot copy " << source->string() << ": " << ec.message()
+                            << '\n';
+                    ctx.exitCode = 2;
+                    return;
+                }
             }
         }
         scratch.Activate();
@@ -352,6 +359,18 @@ void Resave(CliContext& ctx) {
             << platform::WindowsDirectoryHostPath() << '\n';
 }
 
+// The commands report what went wrong instead of ending the program (a temporary directory
+// that cannot be made, memory).
+template <typename Command>
+void Guarded(CliContext& ctx, Command command) {
+    try {
+        command();
+    } catch (const std::exception& error) {
+        ctx.err << "wkestel: " << error.what() << '\n';
+        ctx.exitCode = 2;
+    }
+}
+
 }  // namespace
 
 void AddSettingsCommands(CLI::App& app, CliContext& ctx) {
@@ -361,7 +380,7 @@ void AddSettingsCommands(CLI::App& app, CliContext& ctx) {
         "Every setting of every group as the editor reads it, level by level, with its\n"
         "section, key and file");
     show->add_flag("--json", *showJson, "JSON output; keys are the record's field names");
-    show->callback([showJson, &ctx] { Show(*showJson, ctx); });
+    show->callback([showJson, &ctx] { Guarded(ctx, [&] { Show(*showJson, ctx); }); });
 
     auto checkJson = std::make_shared<bool>(false);
     auto* check = app.add_subcommand(
@@ -369,13 +388,13 @@ void AddSettingsCommands(CLI::App& app, CliContext& ctx) {
         "What a save would change in each file (section, key, old and new value, keys added),\n"
         "without writing. Exit 0 when nothing would change, 1 when something would");
     check->add_flag("--json", *checkJson, "JSON output");
-    check->callback([checkJson, &ctx] { Check(*checkJson, ctx); });
+    check->callback([checkJson, &ctx] { Guarded(ctx, [&] { Check(*checkJson, ctx); }); });
 
     auto* resave = app.add_subcommand(
         "resave",
         "Read every setting and write them all back, exactly as Save does after a change:\n"
         "the backup first (WZELKO.BAK), then every group's keys in order");
-    resave->callback([&ctx] { Resave(ctx); });
+    resave->callback([&ctx] { Guarded(ctx, [&] { Resave(ctx); }); });
 }
 
 }  // namespace wk::cli
