@@ -18,6 +18,7 @@
 #include "cli/commands.h"
 #include "cli/settings_listing.h"
 #include "cli/windows_directory_check.h"
+#include "platform/file_lookup.h"
 #include "platform/profile.h"
 #include "platform/windows_directory.h"
 #include "settings/controller_type.h"
@@ -187,17 +188,6 @@ std::vector<KeyValue> Snapshot(const char* fileName) {
     return values;
 }
 
-// The settings file of that name in a directory, matched without regard to case.
-std::optional<fs::path> FindFileNoCase(const fs::path& directory, const std::string& name) {
-    std::error_code ec;
-    for (const auto& entry : fs::directory_iterator(directory, ec)) {
-        if (Upper(entry.path().filename().string()) == Upper(name) && entry.is_regular_file(ec)) {
-            return entry.path();
-        }
-    }
-    return std::nullopt;
-}
-
 std::string EnvironmentPrefix() {
     const char* env = std::getenv("WINEPREFIX");
     if (env != nullptr && *env != '\0') return env;
@@ -277,7 +267,9 @@ void Check(bool json, CliContext& ctx) {
     {
         ScratchPrefix scratch;
         for (const char* name : files) {
-            if (auto source = FindFileNoCase(windowsDir, name)) {
+            // The file the profile functions would reach under the bare name.
+            const auto source = platform::FindEntryIgnoringCase(windowsDir, name);
+            if (source && fs::is_regular_file(*source)) {
                 std::error_code ec;
                 fs::copy_file(*source, scratch.WindowsDir() / source->filename(), ec);
                 if (ec) {

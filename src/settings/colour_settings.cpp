@@ -185,7 +185,7 @@ bool ColourSettings::Read() {
             ReadProfileText(kColourKeys[static_cast<std::size_t>(i)], ScratchText, 80,
                             kColourSection);
         }
-        if (EqualsNoCase(ScratchText, "NONE")) continue;  // "NONE": the default colour
+        if (EqualsIgnoringAsciiCase(ScratchText, "NONE")) continue;  // "NONE": the default colour
         std::sscanf(ScratchText, "%d,%d,%d", &red, &green, &blue);
         ColourEntry& entry = ColourTable[static_cast<std::size_t>(i)];
         entry.Colour = MakeColour(red, green, blue);

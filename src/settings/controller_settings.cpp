@@ -24,7 +24,7 @@ ControllerSettings::ControllerSettings(const ControllerFlags& controllerFlags)
     : DirectorySettings(controllerFlags) {
     std::string type;
     ReadProfileString("Type", type, 80, "Controller");
-    if (!EqualsNoCase(type.c_str(), "NONE")) ControllerType = ToUpperAscii(type);
+    if (!EqualsIgnoringAsciiCase(type.c_str(), "NONE")) ControllerType = ToUpperAscii(type);
 }
 
 bool ControllerSettings::Read() {
@@ -40,7 +40,7 @@ bool ControllerSettings::Read() {
     // measuring application's code has it so, and both reach WZELKO.INI.
     char subtype[80];
     GetPrivateProfileStringA("CONTROLLER", "SUBTYPE", "R7NS", subtype, sizeof subtype, kWzelkoIni);
-    IsQd32z = EqualsNoCase(subtype, "QD32Z");
+    IsQd32z = EqualsIgnoringAsciiCase(subtype, "QD32Z");
     ReadProfileText("Base Address", ScratchText, 256, "Controller");
     unsigned address = 0;
     if (std::sscanf(ScratchText, "%x", &address) == 1) BaseAddress = address;

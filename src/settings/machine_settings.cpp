@@ -91,9 +91,9 @@ bool MachineSettings::Read() {
     // "NONE" stands for the built-in name, which the next write stores in its place; any
     // other text, an empty one included, is the name.
     ReadProfileText("COSDAT FNAME", ScratchText, 80, "MACHINEPARAM");
-    if (!EqualsNoCase(ScratchText, "NONE")) CosDatFileName = ToUpperAscii(ScratchText);
+    if (!EqualsIgnoringAsciiCase(ScratchText, "NONE")) CosDatFileName = ToUpperAscii(ScratchText);
     ReadProfileText("COMPENS FILE NAME", ScratchText, 80, "COMPENS");
-    if (!EqualsNoCase(ScratchText, "NONE")) CompensFileName = ToUpperAscii(ScratchText);
+    if (!EqualsIgnoringAsciiCase(ScratchText, "NONE")) CompensFileName = ToUpperAscii(ScratchText);
 
     ReadProfileText("DIST APPROACH", ScratchText, 20, "MACHINEPARAM");
     ScanDouble(ScratchText, DistApproach);
@@ -140,7 +140,7 @@ bool MachineSettings::Read() {
     Ph9Type = ProfileInt("PH9", "TYPE", 0, kWzelko32Ini);
 
     ReadProfileText("PORT", ScratchText, 20, "Ph9");
-    if (EqualsNoCase(ScratchText, "NONE")) {
+    if (EqualsIgnoringAsciiCase(ScratchText, "NONE")) {
         // No line given: the head sits on the CMM's port number, with the usual line settings.
         const int number = cmmPortNumber > 8 ? 1 : cmmPortNumber;
         Ph9Serial = (kDefaultPh9Serial & ~kPh9PortMask) |
