@@ -6,25 +6,16 @@
 #include <filesystem>
 #include <string_view>
 #include <system_error>
+#include <vector>
 
 #include "platform/dos_paths.h"
+#include "platform/file_lookup.h"
 #include "platform/windows_directory.h"
 
 namespace wk::platform {
 namespace fs = std::filesystem;
 
 namespace {
-
-bool EqualsIgnoringAsciiCase(std::string_view a, std::string_view b) {
-    if (a.size() != b.size()) return false;
-    for (std::size_t i = 0; i < a.size(); ++i) {
-        if (std::tolower(static_cast<unsigned char>(a[i])) !=
-            std::tolower(static_cast<unsigned char>(b[i]))) {
-            return false;
-        }
-    }
-    return true;
-}
 
 std::string Describe(const std::string& path, int errorNumber) {
     return path + ": " + std::strerror(errorNumber);
@@ -43,17 +34,8 @@ std::string ProfileStore::ResolveBareName(const std::string& windowsDirectory,
     if (StatFile(exact).exists) return exact;
 #ifndef _WIN32
     // The measuring application names its files in any case ("Wzelko.ini" for WZELKO.INI);
-    // on a case-sensitive file system the existing file is found by comparing names. The
-    // smallest matching name is taken, so that the choice does not depend on the directory's
-    // order.
-    std::string best;
-    std::error_code ec;
-    for (fs::directory_iterator it(windowsDirectory, ec), end; !ec && it != end;
-         it.increment(ec)) {
-        const std::string entry = it->path().filename().string();
-        if (EqualsIgnoringAsciiCase(entry, name) && (best.empty() || entry < best)) best = entry;
-    }
-    if (!best.empty()) return windowsDirectory + "/" + best;
+    // on a case-sensitive file system the existing file is found by comparing names.
+    if (auto entry = FindEntryIgnoringCase(windowsDirectory, name)) return entry->string();
 #endif
     return exact;  // a new file is created under the name given
 }
@@ -61,8 +43,8 @@ std::string ProfileStore::ResolveBareName(const std::string& windowsDirectory,
 std::string ProfileStore::ResolveName(const char* fileName, bool& fromCache) {
     fromCache = false;
     const std::string name = fileName != nullptr ? fileName : "WIN.INI";
-    if (fileName != nullptr && (name.find('\\') != std::string::npos ||
-                                name.find('/') != std::string::npos)) {
+    if (fileName != nullptr &&
+        (name.find('\\') != std::string::npos || name.find('/') != std::string::npos)) {
         // A path: a drive path through the prefix, anything else from the working directory.
 #ifdef _WIN32
         return name;
@@ -97,7 +79,10 @@ ProfileStore::CachedFile& ProfileStore::Current(const std::string& path) {
     if (batchDepth_ > 0 && file.checkedInBatch == batchNumber_) return file;
     const FileStamp stamp = StatFile(path);
     const bool known = file.document != nullptr || !file.readError.empty() || file.stamp.exists;
-    if (!known || !(stamp == file.stamp) || (!stamp.exists && file.document)) {
+    // A file that could not be read is tried again on every call (its permissions may have
+    // been fixed without any change that the stamp shows).
+    if (!known || !file.readError.empty() || !(stamp == file.stamp) ||
+        (!stamp.exists && file.document)) {
         file.document.reset();
         file.readError.clear();
         file.stamp = stamp;
@@ -105,11 +90,15 @@ ProfileStore::CachedFile& ProfileStore::Current(const std::string& path) {
             std::string bytes;
             FileStamp readStamp;
             std::string error;
-            if (ReadWholeFile(path, bytes, readStamp, error)) {
+            if (stamp.size > ProfileDocument::kMaxFileBytes) {
+                file.readError = Describe(path, EFBIG);
+            } else if (!ReadWholeFile(path, bytes, readStamp, error)) {
+                file.readError = error;
+            } else if (bytes.size() > ProfileDocument::kMaxFileBytes) {
+                file.readError = Describe(path, EFBIG);
+            } else {
                 file.document = std::make_unique<ProfileDocument>(std::move(bytes));
                 file.stamp = readStamp;
-            } else {
-                file.readError = error;
             }
         }
     }
