@@ -385,8 +385,8 @@ void TKestelMainWind::CaptionMenus() {
 }
 
 void TKestelMainWind::SettingsFilePresenceCheck() {
+    // Seen while the message below is up (its event loop paints the window).
     pBottBar_->setText(LanguageText(kIdCheckingFile));
-    pBottBar_->repaint();
 
     char path[512 + 16] = {};
     GetWindowsDirectoryA(path, 512);
