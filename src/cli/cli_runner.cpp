@@ -32,6 +32,7 @@ int RunWkestel(const std::vector<std::string>& args, std::ostream& out, std::ost
 
     AddProfileCommand(app, ctx);
     AddSettingsCommands(app, ctx);
+    AddStringsCommand(app, ctx);
     AddUpgradeCommand(app, ctx);
 
     // CLI11 parses argv in reverse order of a vector it is given.

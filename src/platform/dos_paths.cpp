@@ -64,7 +64,8 @@ std::vector<std::pair<char, fs::path>> Drives() {
     std::error_code ec;
     for (fs::directory_iterator it(dosdevices, ec), end; !ec && it != end; it.increment(ec)) {
         const std::string name = it->path().filename().string();
-        if (name.size() != 2 || name[1] != ':' || !std::isalpha(static_cast<unsigned char>(name[0]))) {
+        if (name.size() != 2 || name[1] != ':' ||
+            !std::isalpha(static_cast<unsigned char>(name[0]))) {
             continue;
         }
         const char letter = static_cast<char>(std::tolower(static_cast<unsigned char>(name[0])));
@@ -108,7 +109,8 @@ std::optional<std::string> DosToHostPath(const std::string& dosPath) {
     if (!root) return std::nullopt;
     fs::path host = *root;
     bool matching = true;  // existing components are matched until one is missing
-    for (const std::string& part : SplitComponents(HasDrive(dosPath) ? dosPath.substr(2) : dosPath)) {
+    for (const std::string& part :
+         SplitComponents(HasDrive(dosPath) ? dosPath.substr(2) : dosPath)) {
         if (part == ".") continue;
         if (part == "..") {
             if (host != *root) host = host.parent_path();
@@ -162,7 +164,8 @@ std::optional<std::string> HostToDosPath(const std::string& hostPath) {
     bool any = false;
     for (const fs::path& part : relative) {
         if (part.empty() || part == ".") continue;
-        dos += "\\" + part.string();
+        dos += '\\';
+        dos += part.string();
         any = true;
     }
     if (!any) dos += "\\";

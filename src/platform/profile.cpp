@@ -1,5 +1,6 @@
 #include "platform/profile.h"
 
+#include <cerrno>
 #include <cstring>
 #include <string>
 #include <string_view>
@@ -13,7 +14,9 @@ namespace {
 using platform::ProfileDocument;
 using platform::ProfileStore;
 
-std::string& LastError() { return platform::LastProfileErrorText(); }
+std::string& LastError() {
+    return platform::LastProfileErrorText();
+}
 
 // Arguments are trimmed of spaces only: a TAB is part of the name, as on Windows.
 std::string_view TrimSpaces(const char* text) {
@@ -125,8 +128,8 @@ std::uint32_t ParseProfileInt(std::string_view text) {
 // (a value of 65,537 characters reading as 1) is a defect no caller relies on, and is not
 // reproduced.
 std::uint32_t GetPrivateProfileStringA(const char* section, const char* key,
-                                       const char* defaultValue, char* buffer,
-                                       std::uint32_t size, const char* fileName) {
+                                       const char* defaultValue, char* buffer, std::uint32_t size,
+                                       const char* fileName) {
     if (buffer == nullptr || size == 0) return 0;
     ProfileStore& store = ProfileStore::Instance();
     std::lock_guard lock(store.Mutex());
@@ -155,15 +158,15 @@ std::uint32_t GetPrivateProfileStringA(const char* section, const char* key,
         }
         return CopyDefault(defaultValue, buffer, size);
     }
-    if (auto value = doc->Value(Internal(*doc, TrimSpaces(section)),
-                                Internal(*doc, TrimSpaces(key)))) {
+    if (auto value =
+            doc->Value(Internal(*doc, TrimSpaces(section)), Internal(*doc, TrimSpaces(key)))) {
         return CopyText(platform::Utf8ToAnsi(*value), buffer, size);
     }
     return CopyDefault(defaultValue, buffer, size);
 }
 
-std::uint32_t GetPrivateProfileIntA(const char* section, const char* key,
-                                    std::int32_t defaultValue, const char* fileName) {
+std::uint32_t GetPrivateProfileIntA(const char* section, const char* key, std::int32_t defaultValue,
+                                    const char* fileName) {
     std::string text;
     bool found = false;
     {
@@ -185,9 +188,16 @@ bool WritePrivateProfileStringA(const char* section, const char* key, const char
                       ": a key cannot be written without a section";
         return false;
     }
+    const std::string_view sectionName = TrimSpaces(section);
+    const std::size_t length = sectionName.size() + (key != nullptr ? std::strlen(key) : 0) +
+                               (value != nullptr ? std::strlen(value) : 0);
+    if (length > ProfileDocument::kMaxFileBytes / 4) {
+        LastError() =
+            std::string(fileName != nullptr ? fileName : "WIN.INI") + ": " + std::strerror(EFBIG);
+        return false;
+    }
     ProfileStore& store = ProfileStore::Instance();
     std::lock_guard lock(store.Mutex());
-    const std::string_view sectionName = TrimSpaces(section);
     const std::string_view keyName = key != nullptr ? TrimSpaces(key) : std::string_view();
     const bool ok = store.Write(
         fileName,
@@ -207,7 +217,9 @@ std::uint32_t GetProfileStringA(const char* section, const char* key, const char
     return GetPrivateProfileStringA(section, key, defaultValue, buffer, size, nullptr);
 }
 
-const std::string& LastProfileError() { return LastError(); }
+const std::string& LastProfileError() {
+    return LastError();
+}
 
 namespace platform {
 std::string& LastProfileErrorText() {

@@ -4,13 +4,6 @@
 
 namespace wk {
 
-namespace {
-std::string& BatchError() {
-    thread_local std::string error;
-    return error;
-}
-}  // namespace
-
 ProfileBatch::ProfileBatch() {
     platform::ProfileStore& store = platform::ProfileStore::Instance();
     std::lock_guard lock(store.Mutex());
@@ -20,9 +13,11 @@ ProfileBatch::ProfileBatch() {
 ProfileBatch::~ProfileBatch() {
     platform::ProfileStore& store = platform::ProfileStore::Instance();
     std::lock_guard lock(store.Mutex());
-    // Writes made after an explicit Commit() are not lost either.
+    // Writes made after an explicit Commit() are not lost either. Nothing is thrown from
+    // here; LastProfileError() still says why a commit failed.
     if (store.IsOutermostBatch() && (!committed_ || store.HasPendingWrites())) {
-        store.CommitBatch(BatchError());
+        std::string error;
+        if (!store.CommitBatch(error)) platform::LastProfileErrorText() = error;
     }
     store.EndBatch();
 }

@@ -9,7 +9,9 @@ namespace wk::platform {
 namespace {
 
 // Blanks of the file grammar: space, TAB and VT. Windows trims nothing else from a line.
-constexpr bool IsBlank(char c) { return c == ' ' || c == '\t' || c == '\v'; }
+constexpr bool IsBlank(char c) {
+    return c == ' ' || c == '\t' || c == '\v';
+}
 
 std::string_view TrimBlanks(std::string_view s) {
     std::size_t b = 0;
@@ -19,7 +21,9 @@ std::string_view TrimBlanks(std::string_view s) {
     return s.substr(b, e - b);
 }
 
-constexpr char FoldAscii(char c) { return (c >= 'A' && c <= 'Z') ? static_cast<char>(c + 32) : c; }
+constexpr char FoldAscii(char c) {
+    return (c >= 'A' && c <= 'Z') ? static_cast<char>(c + 32) : c;
+}
 
 bool EqualsFolded(std::string_view a, std::string_view b) {
     if (a.size() != b.size()) return false;
@@ -38,7 +42,9 @@ std::uint32_t HashFolded(std::string_view s) {
     return h;
 }
 
-bool HasLineBreak(std::string_view s) { return s.find_first_of("\r\n") != std::string_view::npos; }
+bool HasLineBreak(std::string_view s) {
+    return s.find_first_of("\r\n") != std::string_view::npos;
+}
 
 // The name of a header line: after the '[' to the first ']' (or the end), trimmed.
 std::string_view HeaderName(std::string_view line) {
@@ -64,37 +70,44 @@ std::string_view KeyValue(std::string_view line) {
     return v;
 }
 
-// Open addressing over position + 1 (0 is empty). `nameAt` gives the name at a position.
+// Open addressing over (hash << 32) | (position + 1); 0 is empty. The stored hash lets a
+// probe skip other names without touching their lines. `nameAt` gives the name at a position.
 template <typename NameAt>
-std::optional<std::size_t> IndexFind(const std::vector<std::uint32_t>& slots, std::string_view name,
+std::optional<std::size_t> IndexFind(const std::vector<std::uint64_t>& slots, std::string_view name,
                                      std::uint32_t hash, NameAt nameAt) {
     if (slots.empty()) return std::nullopt;
     const std::size_t mask = slots.size() - 1;
     for (std::size_t i = hash & mask;; i = (i + 1) & mask) {
-        const std::uint32_t slot = slots[i];
+        const std::uint64_t slot = slots[i];
         if (slot == 0) return std::nullopt;
-        if (EqualsFolded(nameAt(slot - 1), name)) return slot - 1;
+        if (static_cast<std::uint32_t>(slot >> 32) == hash) {
+            const std::size_t pos = static_cast<std::uint32_t>(slot) - 1;
+            if (EqualsFolded(nameAt(pos), name)) return pos;
+        }
     }
 }
 
-void IndexPlace(std::vector<std::uint32_t>& slots, std::uint32_t hash, std::size_t pos) {
+void IndexPlace(std::vector<std::uint64_t>& slots, std::uint32_t hash, std::size_t pos) {
     const std::size_t mask = slots.size() - 1;
     std::size_t i = hash & mask;
     while (slots[i] != 0) i = (i + 1) & mask;
-    slots[i] = static_cast<std::uint32_t>(pos + 1);
+    slots[i] = (static_cast<std::uint64_t>(hash) << 32) | static_cast<std::uint32_t>(pos + 1);
 }
 
 // Adds `name` at `pos` unless the name is there already (the first occurrence wins). The
 // table is kept at most three quarters full.
 template <typename NameAt>
-void IndexAdd(std::vector<std::uint32_t>& slots, std::size_t& count, std::string_view name,
+void IndexAdd(std::vector<std::uint64_t>& slots, std::size_t& count, std::string_view name,
               std::size_t pos, NameAt nameAt) {
     const std::uint32_t hash = HashFolded(name);
     if (IndexFind(slots, name, hash, nameAt)) return;
     if ((count + 1) * 4 > slots.size() * 3) {
-        std::vector<std::uint32_t> grown(std::max<std::size_t>(8, slots.size() * 2), 0);
-        for (const std::uint32_t slot : slots) {
-            if (slot != 0) IndexPlace(grown, HashFolded(nameAt(slot - 1)), slot - 1);
+        std::vector<std::uint64_t> grown(std::max<std::size_t>(8, slots.size() * 2), 0);
+        for (const std::uint64_t slot : slots) {
+            if (slot != 0) {
+                IndexPlace(grown, static_cast<std::uint32_t>(slot >> 32),
+                           static_cast<std::uint32_t>(slot) - 1);
+            }
         }
         slots.swap(grown);
     }
@@ -194,6 +207,12 @@ void ProfileDocument::AddLine(const Line& line) {
     }
 }
 
+// Replaced lines stay in the arena until the next re-read of the document's own bytes: many
+// rewrites of a long value in one batch must not make the arena grow without bound.
+void ProfileDocument::CompactIfArenaLarge() {
+    if (arena_.size() > 2 * content_.size() + 65536) Reparse();
+}
+
 void ProfileDocument::Reparse() {
     Parse(SerializeContent());
 }
@@ -228,22 +247,22 @@ ProfileDocument::Line ProfileDocument::MakeLine(std::string_view text, std::stri
 }
 
 std::optional<std::size_t> ProfileDocument::FindSection(std::string_view name) const {
-    return IndexFind(sectionIndex_.slots, name, HashFolded(name), [this](std::size_t i) {
-        return HeaderName(Text(LineAt(sections_[i], 0)));
-    });
+    return IndexFind(sectionIndex_.slots, name, HashFolded(name),
+                     [this](std::size_t i) { return HeaderName(Text(LineAt(sections_[i], 0))); });
 }
 
 void ProfileDocument::BuildKeyIndex(const Section& section) const {
-    auto index = std::make_unique<NameIndex>();
+    NameIndex index;
     const std::size_t n = LineCount(section);
     const auto nameAt = [&](std::size_t i) { return KeyName(Text(LineAt(section, i))); };
     for (std::size_t i = 1; i < n; ++i) {
         const Line& line = LineAt(section, i);
         if (line.kind == LineKind::Key) {
-            IndexAdd(index->slots, index->count, KeyName(Text(line)), i, nameAt);
+            IndexAdd(index.slots, index.count, KeyName(Text(line)), i, nameAt);
         }
     }
     section.keyIndex = std::move(index);
+    section.keyIndexBuilt = true;
 }
 
 std::optional<std::size_t> ProfileDocument::FindKey(const Section& section,
@@ -256,8 +275,8 @@ std::optional<std::size_t> ProfileDocument::FindKey(const Section& section,
         }
         return std::nullopt;
     }
-    if (!section.keyIndex) BuildKeyIndex(section);
-    return IndexFind(section.keyIndex->slots, key, HashFolded(key),
+    if (!section.keyIndexBuilt) BuildKeyIndex(section);
+    return IndexFind(section.keyIndex.slots, key, HashFolded(key),
                      [&](std::size_t i) { return KeyName(Text(LineAt(section, i))); });
 }
 
@@ -339,19 +358,24 @@ bool ProfileDocument::SetValue(std::string_view section, std::string_view key,
         std::string newText;
         newText.reserve(eq + 1 + value.size());
         newText.append(text.substr(0, eq + 1)).append(value);
-        const std::string ownTerminator(
-            line.terminatorLength == 0 ? std::string_view("\r\n")
-                                       : TextWithTerminator(line).substr(line.length));
+        const std::string ownTerminator(line.terminatorLength == 0
+                                            ? std::string_view("\r\n")
+                                            : TextWithTerminator(line).substr(line.length));
         std::vector<Line>& lines = Detach(sec);
         lines[*k] = MakeLine(newText, ownTerminator, LineKind::Key);
-        if (HasLineBreak(value)) Reparse();
+        if (HasLineBreak(value)) {
+            Reparse();
+        } else {
+            CompactIfArenaLarge();
+        }
         return true;
     }
     // A new key goes right after the section's last key line (a line without '=' counts),
     // or right after the header: comments and blank lines closing the section stay last.
     std::vector<Line>& lines = Detach(sec);
     std::size_t pos = lines.size();
-    while (pos > 1 && lines[pos - 1].kind != LineKind::Key && lines[pos - 1].kind != LineKind::Plain) {
+    while (pos > 1 && lines[pos - 1].kind != LineKind::Key &&
+           lines[pos - 1].kind != LineKind::Plain) {
         --pos;
     }
     std::string newText;
@@ -366,11 +390,12 @@ bool ProfileDocument::SetValue(std::string_view section, std::string_view key,
     if (HasLineBreak(newText) || (kind != LineKind::Key && kind != LineKind::Comment)) {
         // A name that starts a header or holds a line break changes the file's structure.
         Reparse();
-    } else if (kind == LineKind::Key && sec.keyIndex) {
+    } else if (kind == LineKind::Key && sec.keyIndexBuilt) {
         // Every key line lies before `pos`, so the indexed positions did not move.
-        IndexAdd(sec.keyIndex->slots, sec.keyIndex->count, KeyName(newText), pos,
+        IndexAdd(sec.keyIndex.slots, sec.keyIndex.count, KeyName(newText), pos,
                  [&](std::size_t i) { return KeyName(Text(lines[i])); });
     }
+    CompactIfArenaLarge();
     return true;
 }
 
@@ -382,7 +407,8 @@ bool ProfileDocument::DeleteKey(std::string_view section, std::string_view key) 
     if (!k) return false;
     std::vector<Line>& lines = Detach(sec);
     lines.erase(lines.begin() + static_cast<std::ptrdiff_t>(*k));
-    sec.keyIndex.reset();
+    sec.keyIndex = NameIndex{};
+    sec.keyIndexBuilt = false;
     // A lone CR before an empty LF-ended line now reads as one CRLF: take the file's new
     // structure from its bytes.
     if (*k < lines.size() && TextWithTerminator(lines[*k - 1]).ends_with('\r') &&
@@ -450,12 +476,10 @@ std::string ProfileDocument::Serialize() const {
 std::size_t ProfileDocument::BytesHeld() const {
     std::size_t bytes = sizeof(*this) + content_.capacity() + lines_.capacity() * sizeof(Line) +
                         sections_.capacity() * sizeof(Section) +
-                        sectionIndex_.slots.capacity() * sizeof(std::uint32_t) + arena_.capacity();
+                        sectionIndex_.slots.capacity() * sizeof(std::uint64_t) + arena_.capacity();
     for (const Section& section : sections_) {
         bytes += section.ownLines.capacity() * sizeof(Line);
-        if (section.keyIndex) {
-            bytes += sizeof(NameIndex) + section.keyIndex->slots.capacity() * sizeof(std::uint32_t);
-        }
+        bytes += section.keyIndex.slots.capacity() * sizeof(std::uint64_t);
     }
     return bytes;
 }

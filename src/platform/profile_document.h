@@ -30,6 +30,10 @@ namespace wk::platform {
 
 class ProfileDocument {
 public:
+    // The largest file a document holds: lines are addressed with 31-bit offsets. A settings
+    // file is a few kilobytes; the store refuses larger files rather than misread them.
+    static constexpr std::size_t kMaxFileBytes = 0x40000000;  // 1 GiB
+
     // Parses the bytes of a file (empty for a file that does not exist yet).
     explicit ProfileDocument(std::string fileBytes);
 
@@ -79,19 +83,20 @@ private:
     };
     static constexpr std::uint32_t kInArena = 0x80000000u;
 
-    // An open-addressing table of names to line positions (position + 1; 0 is empty); built
-    // when a lookup needs it. Names are compared on each probe, which keeps a slot at 4 bytes.
+    // An open-addressing table of names to line positions: (hash << 32) | (position + 1),
+    // 0 is empty. A section's key table is built when a lookup first needs it.
     struct NameIndex {
-        std::vector<std::uint32_t> slots;
+        std::vector<std::uint64_t> slots;
         std::size_t count = 0;
     };
 
     struct Section {
         std::uint32_t begin = 0;  // range in lines_ while the section is untouched
         std::uint32_t end = 0;
-        bool detached = false;    // its lines live in ownLines from now on
+        bool detached = false;  // its lines live in ownLines from now on
         std::vector<Line> ownLines;
-        mutable std::unique_ptr<NameIndex> keyIndex;  // first occurrence of each key name
+        mutable NameIndex keyIndex;  // first occurrence of each key name, once built
+        mutable bool keyIndexBuilt = false;
     };
 
     std::string_view Text(const Line& line) const {
@@ -107,6 +112,7 @@ private:
     void ParseLinesInto(bool inArena, std::size_t begin, std::size_t end);
     void AddLine(const Line& line);
     void Reparse();
+    void CompactIfArenaLarge();
     std::string SerializeContent() const;
 
     std::size_t LineCount(const Section& section) const;
@@ -123,14 +129,14 @@ private:
     bool ContentEmpty() const;
     const Line* LastLine() const;
 
-    std::string content_;         // the parsed bytes (internal form for UTF-16 files)
+    std::string content_;  // the parsed bytes (internal form for UTF-16 files)
     bool utf16_ = false;
-    bool hasOddByte_ = false;     // a UTF-16 file of odd length: its last byte, kept as is
+    bool hasOddByte_ = false;  // a UTF-16 file of odd length: its last byte, kept as is
     char oddByte_ = 0;
-    std::vector<Line> lines_;     // all lines in file order, as parsed
+    std::vector<Line> lines_;        // all lines in file order, as parsed
     std::vector<Section> sections_;  // [0]: the lines before the first header
     NameIndex sectionIndex_;
-    std::string arena_;           // edited and new lines, appended only
+    std::string arena_;  // edited and new lines, appended only
 };
 
 }  // namespace wk::platform

@@ -1,9 +1,11 @@
 #include "platform/profile_file.h"
 
 #include <cerrno>
+#include <chrono>
 #include <cstring>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <system_error>
 
 #ifndef _WIN32
@@ -113,8 +115,7 @@ bool ReadWholeFile(const std::string& path, std::string& bytes, FileStamp& stamp
     return true;
 }
 
-bool ReplaceFileAtomically(const std::string& path, const std::string& bytes,
-                           std::string& error) {
+bool ReplaceFileAtomically(const std::string& path, const std::string& bytes, std::string& error) {
     const std::string target = FollowLinks(path);
     const fs::path targetPath(target);
     const std::string directory =
@@ -150,6 +151,11 @@ bool ReplaceFileAtomically(const std::string& path, const std::string& bytes,
     };
     if (!WriteAll(fd, bytes)) return fail(errno);
     if (::fchmod(fd, mode) != 0) return fail(errno);
+    if (existed) {
+        // Keeps the owner when an administrator edits an operator's file; an ordinary user
+        // cannot give a file away, and then the file is simply the user's own.
+        [[maybe_unused]] const int ignored = ::fchown(fd, original.st_uid, original.st_gid);
+    }
     if (::fsync(fd) != 0) return fail(errno);
     if (::close(fd) != 0) {
         const int closeError = errno;
@@ -204,8 +210,7 @@ bool ReadWholeFile(const std::string& path, std::string& bytes, FileStamp& stamp
     return true;
 }
 
-bool ReplaceFileAtomically(const std::string& path, const std::string& bytes,
-                           std::string& error) {
+bool ReplaceFileAtomically(const std::string& path, const std::string& bytes, std::string& error) {
     const fs::path target = FollowLinks(path);
     std::error_code ec;
     if (fs::is_directory(target, ec)) {

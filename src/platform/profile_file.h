@@ -31,7 +31,6 @@ bool ReadWholeFile(const std::string& path, std::string& bytes, FileStamp& stamp
 // file beside it is written, flushed to disk, given the original's permissions and renamed
 // over it, so that a reader sees either the old or the new file, never a mix. On failure the
 // temporary file is removed, the original is left as it was, and `error` says why.
-bool ReplaceFileAtomically(const std::string& path, const std::string& bytes,
-                           std::string& error);
+bool ReplaceFileAtomically(const std::string& path, const std::string& bytes, std::string& error);
 
 }  // namespace wk::platform

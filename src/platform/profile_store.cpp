@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <string_view>
 #include <system_error>
+#include <vector>
 
 #include "platform/dos_paths.h"
 #include "platform/windows_directory.h"
@@ -48,8 +49,7 @@ std::string ProfileStore::ResolveBareName(const std::string& windowsDirectory,
     // order.
     std::string best;
     std::error_code ec;
-    for (fs::directory_iterator it(windowsDirectory, ec), end; !ec && it != end;
-         it.increment(ec)) {
+    for (fs::directory_iterator it(windowsDirectory, ec), end; !ec && it != end; it.increment(ec)) {
         const std::string entry = it->path().filename().string();
         if (EqualsIgnoringAsciiCase(entry, name) && (best.empty() || entry < best)) best = entry;
     }
@@ -61,8 +61,8 @@ std::string ProfileStore::ResolveBareName(const std::string& windowsDirectory,
 std::string ProfileStore::ResolveName(const char* fileName, bool& fromCache) {
     fromCache = false;
     const std::string name = fileName != nullptr ? fileName : "WIN.INI";
-    if (fileName != nullptr && (name.find('\\') != std::string::npos ||
-                                name.find('/') != std::string::npos)) {
+    if (fileName != nullptr &&
+        (name.find('\\') != std::string::npos || name.find('/') != std::string::npos)) {
         // A path: a drive path through the prefix, anything else from the working directory.
 #ifdef _WIN32
         return name;
@@ -97,7 +97,10 @@ ProfileStore::CachedFile& ProfileStore::Current(const std::string& path) {
     if (batchDepth_ > 0 && file.checkedInBatch == batchNumber_) return file;
     const FileStamp stamp = StatFile(path);
     const bool known = file.document != nullptr || !file.readError.empty() || file.stamp.exists;
-    if (!known || !(stamp == file.stamp) || (!stamp.exists && file.document)) {
+    // A file that could not be read is tried again on every call (its permissions may have
+    // been fixed without any change that the stamp shows).
+    if (!known || !file.readError.empty() || !(stamp == file.stamp) ||
+        (!stamp.exists && file.document)) {
         file.document.reset();
         file.readError.clear();
         file.stamp = stamp;
@@ -105,11 +108,15 @@ ProfileStore::CachedFile& ProfileStore::Current(const std::string& path) {
             std::string bytes;
             FileStamp readStamp;
             std::string error;
-            if (ReadWholeFile(path, bytes, readStamp, error)) {
+            if (stamp.size > ProfileDocument::kMaxFileBytes) {
+                file.readError = Describe(path, EFBIG);
+            } else if (!ReadWholeFile(path, bytes, readStamp, error)) {
+                file.readError = error;
+            } else if (bytes.size() > ProfileDocument::kMaxFileBytes) {
+                file.readError = Describe(path, EFBIG);
+            } else {
                 file.document = std::make_unique<ProfileDocument>(std::move(bytes));
                 file.stamp = readStamp;
-            } else {
-                file.readError = error;
             }
         }
     }

@@ -54,9 +54,9 @@ private:
     struct CachedFile {
         std::unique_ptr<ProfileDocument> document;  // nullptr when missing or unreadable
         FileStamp stamp;
-        std::string readError;       // why an existing file could not be read
-        bool dirty = false;          // changed in the batch, not yet written
-        bool mustCreate = false;     // a batch write to a file that did not exist
+        std::string readError;    // why an existing file could not be read
+        bool dirty = false;       // changed in the batch, not yet written
+        bool mustCreate = false;  // a batch write to a file that did not exist
         std::uint64_t checkedInBatch = 0;
     };
 

@@ -5,6 +5,7 @@
 #include <filesystem>
 
 #include "engine_prefix.h"
+#include "platform/windows_directory.h"
 
 namespace wk::platform {
 namespace {

@@ -1,50 +1,24 @@
 #pragma once
-// A Wine prefix of its own for each profile-engine test, in a temporary directory, so that
-// no test ever touches ~/.wine. The prefix override is set for the test's lifetime and the
-// engine's store is cleared, so that no parsed file leaks from one test into the next.
+// The shared temporary Wine prefix, plus a cleared store of parsed files, so that no parsed
+// file or resolved name leaks from one profile-engine test into the next.
 
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
-#include <random>
-#include <sstream>
+#include <mutex>
 #include <string>
 
 #include "platform/profile.h"
 #include "platform/profile_store.h"
-#include "platform/windows_directory.h"
+#include "support/file_bytes.h"
+#include "support/temp_prefix.h"
 
 namespace wk::test {
 
-class EnginePrefix {
+class EnginePrefix : public TempWinePrefix {
 public:
-    EnginePrefix() {
-        std::random_device rd;
-        root_ = std::filesystem::temp_directory_path() /
-                ("wkestel-engine-" + std::to_string(rd()) + "-" + std::to_string(rd()));
-        std::filesystem::create_directories(root_ / "drive_c" / "windows");
-        std::filesystem::create_directories(root_ / "dosdevices");
-        std::filesystem::create_directory_symlink("../drive_c", root_ / "dosdevices" / "c:");
-        platform::SetWinePrefixOverride(root_.string());
-        ClearStore();
-    }
-    ~EnginePrefix() {
-        ClearStore();
-        platform::SetWinePrefixOverride("");
-        std::error_code ec;
-        // Directories made read-only by a test must be writable again to be removed.
-        for (auto it = std::filesystem::recursive_directory_iterator(root_, ec);
-             !ec && it != std::filesystem::recursive_directory_iterator(); it.increment(ec)) {
-            if (it->is_directory(ec)) {
-                std::filesystem::permissions(it->path(), std::filesystem::perms::owner_all,
-                                             std::filesystem::perm_options::add, ec);
-            }
-        }
-        std::filesystem::remove_all(root_, ec);
-    }
-    EnginePrefix(const EnginePrefix&) = delete;
-    EnginePrefix& operator=(const EnginePrefix&) = delete;
+    EnginePrefix() { ClearStore(); }
+    ~EnginePrefix() { ClearStore(); }
 
     static void ClearStore() {
         auto& store = platform::ProfileStore::Instance();
@@ -52,23 +26,12 @@ public:
         store.Clear();
     }
 
-    std::filesystem::path Root() const { return root_; }
-    std::filesystem::path WindowsDir() const { return root_ / "drive_c" / "windows"; }
-    std::string WinPath(const std::string& name) const { return (WindowsDir() / name).string(); }
+    std::string WinPath(const std::string& name) const { return WindowsFile(name).string(); }
 
     static void WriteBytes(const std::filesystem::path& path, const std::string& bytes) {
-        std::ofstream out(path, std::ios::binary | std::ios::trunc);
-        out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+        WriteFileBytes(path, bytes);
     }
-    static std::string ReadBytes(const std::filesystem::path& path) {
-        std::ifstream in(path, std::ios::binary);
-        std::ostringstream s;
-        s << in.rdbuf();
-        return s.str();
-    }
-
-private:
-    std::filesystem::path root_;
+    static std::string ReadBytes(const std::filesystem::path& path) { return ReadFileBytes(path); }
 };
 
 // GetPrivateProfileStringA into a std::string (the returned count of characters).

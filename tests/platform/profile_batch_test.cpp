@@ -1,8 +1,9 @@
 // ProfileBatch: writes applied in memory, one replace per file at the end of the outermost
 // batch, with the bytes the same writes one by one would give.
 
-#include <gtest/gtest.h>
+#include "platform/profile_batch.h"
 
+#include <gtest/gtest.h>
 #include <unistd.h>
 
 #include <filesystem>
@@ -11,7 +12,6 @@
 
 #include "engine_prefix.h"
 #include "platform/profile.h"
-#include "platform/profile_batch.h"
 
 namespace wk {
 namespace {
@@ -141,6 +141,25 @@ TEST_F(ProfileBatchTest, BatchGivesTheSameBytesAsWritesOneByOne) {
         ASSERT_EQ(Bytes("BATCH.INI"), Bytes("ONE.INI")) << "round " << round;
         EnginePrefix::ClearStore();
     }
+}
+
+}  // namespace
+}  // namespace wk
+
+namespace wk {
+namespace {
+
+TEST_F(ProfileBatchTest, FailureAtTheEndOfTheScopeIsReportedByLastProfileError) {
+    const fs::path dir = prefix.Root() / "gone";
+    fs::create_directory(dir);
+    const std::string path = (dir / "x.ini").string();
+    {
+        ProfileBatch batch;
+        ASSERT_TRUE(WritePrivateProfileStringA("S", "k", "1", path.c_str()));
+        fs::remove_all(dir);
+    }
+    EXPECT_NE(LastProfileError().find(path), std::string::npos);
+    EXPECT_FALSE(fs::exists(dir));
 }
 
 }  // namespace

@@ -15,7 +15,9 @@ using test::GetString;
 
 class ProfileRead : public testing::Test {
 protected:
-    void File(const std::string& bytes) { EnginePrefix::WriteBytes(prefix.WinPath("TEST.INI"), bytes); }
+    void File(const std::string& bytes) {
+        EnginePrefix::WriteBytes(prefix.WinPath("TEST.INI"), bytes);
+    }
     std::string Get(const char* section, const char* key, const char* def = "dflt") {
         return GetString(section, key, def, "TEST.INI");
     }
@@ -185,7 +187,8 @@ TEST_F(ProfileRead, FirstDuplicateKeyWins) {
 
 TEST_F(ProfileRead, FirstDuplicateKeyWinsInALargeSection) {
     std::string text = "[S]\r\n";
-    for (int i = 0; i < 100; ++i) text += "k" + std::to_string(i) + "=" + std::to_string(i) + "\r\n";
+    for (int i = 0; i < 100; ++i)
+        text += "k" + std::to_string(i) + "=" + std::to_string(i) + "\r\n";
     text += "k5=late\r\nnew=n\r\n";
     File(text);
     EXPECT_EQ(Get("S", "K5"), "5");
@@ -195,8 +198,9 @@ TEST_F(ProfileRead, FirstDuplicateKeyWinsInALargeSection) {
 }
 
 TEST_F(ProfileRead, OneMatchingPairOfOuterQuotesIsStripped) {
-    File("[S]\r\na=\"x\"\r\nb='x'\r\nc='\"x\"'\r\nd=\"x'\r\ne='\"x'\"\r\nf=\"\r\ng=\"\"\r\n"
-         "h=\" a \"\r\ni= \"in\"ner\" \r\n");
+    File(
+        "[S]\r\na=\"x\"\r\nb='x'\r\nc='\"x\"'\r\nd=\"x'\r\ne='\"x'\"\r\nf=\"\r\ng=\"\"\r\n"
+        "h=\" a \"\r\ni= \"in\"ner\" \r\n");
     EXPECT_EQ(Get("S", "a"), "x");
     EXPECT_EQ(Get("S", "b"), "x");
     EXPECT_EQ(Get("S", "c"), "\"x\"");
@@ -283,8 +287,9 @@ TEST_F(ProfileRead, InputStringsAreNotModified) {
 class ProfileListing : public ProfileRead {
 protected:
     void SetUp() override {
-        File("[section1]\r\nname1=val1\r\nname2=\r\nname3\r\nname4=val4\r\n[section2]\r\n"
-             "[section3]\r\n");
+        File(
+            "[section1]\r\nname1=val1\r\nname2=\r\nname3\r\nname4=val4\r\n[section2]\r\n"
+            "[section3]\r\n");
     }
 };
 
@@ -389,8 +394,12 @@ TEST_F(ProfileRead, Utf8ByteOrderMarkIsOrdinaryText) {
 }
 
 TEST_F(ProfileRead, Windows1252BytesPassThroughUnchanged) {
-    File("[S]\r\nk=Gr\xF6\xDF" "e \x80\x81\xFF\r\n");
-    EXPECT_EQ(Get("S", "k"), "Gr\xF6\xDF" "e \x80\x81\xFF");
+    File(
+        "[S]\r\nk=Gr\xF6\xDF"
+        "e \x80\x81\xFF\r\n");
+    EXPECT_EQ(Get("S", "k"),
+              "Gr\xF6\xDF"
+              "e \x80\x81\xFF");
 }
 
 TEST_F(ProfileRead, Utf8ContentComesBackByteForByte) {
@@ -421,15 +430,23 @@ protected:
     }
 };
 
-TEST_F(ProfileInt, TrailingJunkIsIgnored) { EXPECT_EQ(Int("42A94967297"), 42u); }
-TEST_F(ProfileInt, NoDigitsGiveZeroNotTheDefault) { EXPECT_EQ(Int("B4294967297"), 0u); }
+TEST_F(ProfileInt, TrailingJunkIsIgnored) {
+    EXPECT_EQ(Int("42A94967297"), 42u);
+}
+TEST_F(ProfileInt, NoDigitsGiveZeroNotTheDefault) {
+    EXPECT_EQ(Int("B4294967297"), 0u);
+}
 TEST_F(ProfileInt, ValuesWrapModulo2To32) {
     EXPECT_EQ(Int("4294967296"), 0u);
     EXPECT_EQ(Int("4294967297"), 1u);
     EXPECT_EQ(Int("-4294967297"), 4294967295u);
 }
-TEST_F(ProfileInt, MinusOneReadsAs4294967295) { EXPECT_EQ(Int("-1"), 4294967295u); }
-TEST_F(ProfileInt, OnePlusSignIsAccepted) { EXPECT_EQ(Int("+1"), 1u); }
+TEST_F(ProfileInt, MinusOneReadsAs4294967295) {
+    EXPECT_EQ(Int("-1"), 4294967295u);
+}
+TEST_F(ProfileInt, OnePlusSignIsAccepted) {
+    EXPECT_EQ(Int("+1"), 1u);
+}
 TEST_F(ProfileInt, TwoSignsGiveZero) {
     EXPECT_EQ(Int("--1"), 0u);
     EXPECT_EQ(Int("+-1"), 0u);
@@ -445,13 +462,17 @@ TEST_F(ProfileInt, LowerCasePrefixesSelectTheBase) {
     EXPECT_EQ(Int("0b101"), 5u);
     EXPECT_EQ(Int("-0x10"), 4294967280u);
 }
-TEST_F(ProfileInt, UpperCasePrefixIsNotAPrefix) { EXPECT_EQ(Int("0X1F"), 0u); }
+TEST_F(ProfileInt, UpperCasePrefixIsNotAPrefix) {
+    EXPECT_EQ(Int("0X1F"), 0u);
+}
 TEST_F(ProfileInt, DigitsStopAtTheFirstDigitOutsideTheBase) {
     EXPECT_EQ(Int("0b1021"), 2u);
     EXPECT_EQ(Int("0o78"), 7u);
     EXPECT_EQ(Int("12.9"), 12u);
 }
-TEST_F(ProfileInt, EmptyValueGivesTheDefault) { EXPECT_EQ(Int("", -1), 4294967295u); }
+TEST_F(ProfileInt, EmptyValueGivesTheDefault) {
+    EXPECT_EQ(Int("", -1), 4294967295u);
+}
 TEST_F(ProfileInt, MissingKeyGivesTheDefaultAsUnsigned) {
     File("[S]\r\n");
     EXPECT_EQ(GetPrivateProfileIntA("S", "missing", -1, "TEST.INI"), 4294967295u);

@@ -20,8 +20,8 @@ using test::GetString;
 
 // Random file content rich in the grammar's delimiters and in bytes that are not text.
 std::string RandomBytes(std::mt19937& rng, std::size_t maxLength) {
-    static const std::string alphabet =
-        std::string("[]=;\"' \t\v\r\n\r\n\0abcAB#\xFF\xFE\x80\xE9", 27);
+    static constexpr char kAlphabet[] = "[]=;\"' \t\v\r\n\r\n\0abcAB#\xFF\xFE\x80\xE9";
+    static const std::string alphabet(kAlphabet, sizeof kAlphabet - 1);
     const std::size_t length = rng() % (maxLength + 1);
     std::string s;
     for (std::size_t i = 0; i < length; ++i) {
@@ -57,8 +57,8 @@ TEST(ProfileRoundTrip, AnyBytesWrittenBackUnchangedAreTheSameBytes) {
 }
 
 TEST(ProfileRoundTrip, EditedDocumentEqualsARereadOfItsBytes) {
-    const std::vector<std::string> names = {"", "a", "A", "b", "[c", "a]b", ";a", "x\r\ny",
-                                            "q=r", "\ta", "\xC3\xA9"};
+    const std::vector<std::string> names = {"",   "a",      "A",   "b",   "[c",      "a]b",
+                                            ";a", "x\r\ny", "q=r", "\ta", "\xC3\xA9"};
     const std::vector<std::string> values = {"", "1", " v ", "\"q\"", "l\r\n[a]\r\nb=2", "\r"};
     std::mt19937 rng(777);
     for (int i = 0; i < 1500; ++i) {
@@ -68,9 +68,15 @@ TEST(ProfileRoundTrip, EditedDocumentEqualsARereadOfItsBytes) {
             const std::string& k = names[rng() % names.size()];
             switch (rng() % 4) {
                 case 0:
-                case 1: doc.SetValue(s, k, values[rng() % values.size()]); break;
-                case 2: doc.DeleteKey(s, k); break;
-                default: doc.DeleteSection(s); break;
+                case 1:
+                    doc.SetValue(s, k, values[rng() % values.size()]);
+                    break;
+                case 2:
+                    doc.DeleteKey(s, k);
+                    break;
+                default:
+                    doc.DeleteSection(s);
+                    break;
             }
             const std::string bytes = doc.Serialize();
             const ProfileDocument reread(bytes);
@@ -128,12 +134,21 @@ protected:
 TEST_F(ProfileUtf16, FileStaysUtf16AndAnsiValuesConvert) {
     const std::string path = prefix.WinPath("U.INI");
     EnginePrefix::WriteBytes(path, Utf16(u"[Grüße]\r\nk=v\r\n"));
-    EXPECT_EQ(GetString("Gr\xFC\xDF" "e", "k", "", "U.INI"), "v");
-    ASSERT_TRUE(WritePrivateProfileStringA("Gr\xFC\xDF" "e", "n", "\x80 5", "U.INI"));
+    EXPECT_EQ(GetString("Gr\xFC\xDF"
+                        "e",
+                        "k", "", "U.INI"),
+              "v");
+    ASSERT_TRUE(
+        WritePrivateProfileStringA("Gr\xFC\xDF"
+                                   "e",
+                                   "n", "\x80 5", "U.INI"));
     ASSERT_TRUE(WritePrivateProfileStringA("Neu", "\xE9", "x", "U.INI"));
     EXPECT_EQ(EnginePrefix::ReadBytes(path),
               Utf16(u"[Grüße]\r\nk=v\r\nn=\u20AC 5\r\n[Neu]\r\n\u00E9=x\r\n"));
-    EXPECT_EQ(GetString("Gr\xFC\xDF" "e", "n", "", "U.INI"), "\x80 5");
+    EXPECT_EQ(GetString("Gr\xFC\xDF"
+                        "e",
+                        "n", "", "U.INI"),
+              "\x80 5");
 }
 
 TEST_F(ProfileUtf16, ByteOrderMarkOnlyFileGetsALineEndBeforeTheNewSection) {
@@ -153,6 +168,24 @@ TEST_F(ProfileUtf16, BigEndianMarkIsNotRecognised) {
     EnginePrefix::WriteBytes(path, std::string("\xFE\xFF\0[", 4));
     ASSERT_TRUE(WritePrivateProfileStringA("S", "k", "v", "U.INI"));
     EXPECT_EQ(EnginePrefix::ReadBytes(path), std::string("\xFE\xFF\0[\r\n[S]\r\nk=v\r\n", 16));
+}
+
+}  // namespace
+}  // namespace wk
+
+namespace wk {
+namespace {
+
+TEST(ProfileRoundTrip, RewritingALongValueManyTimesKeepsMemoryBounded) {
+    ProfileDocument doc("[S]\r\nk=1\r\n[T]\r\nx=2\r\n");
+    const std::string longValue(10000, 'v');
+    for (int i = 0; i < 500; ++i) {
+        doc.SetValue("S", "k", longValue + std::to_string(i % 2));
+        doc.SetValue("T", "n" + std::to_string(i % 3), std::to_string(i));
+    }
+    EXPECT_LT(doc.BytesHeld(), 200000u);
+    EXPECT_EQ(doc.Serialize(),
+              "[S]\r\nk=" + longValue + "1\r\n[T]\r\nx=2\r\nn0=498\r\nn1=499\r\nn2=497\r\n");
 }
 
 }  // namespace

@@ -1,8 +1,9 @@
 // The store of parsed files: changes made by other programs are seen on the next call, and
 // file names resolve as the measuring application expects.
 
-#include <gtest/gtest.h>
+#include "platform/profile_store.h"
 
+#include <gtest/gtest.h>
 #include <unistd.h>
 
 #include <chrono>
@@ -10,7 +11,6 @@
 
 #include "engine_prefix.h"
 #include "platform/profile.h"
-#include "platform/profile_store.h"
 
 namespace wk {
 namespace {
@@ -104,14 +104,18 @@ TEST_F(ProfileStoreTest, DrivePathMapsThroughThePrefix) {
     EXPECT_EQ(EnginePrefix::ReadBytes(prefix.WinPath("WZELKO.INI")), "[S]\r\nk=2\r\n");
 }
 
+// Lines as the measuring application writes them ("DIST APPROACH=2.0000000000"); every
+// section's key index built.
 TEST_F(ProfileStoreTest, DocumentMemoryStaysWithinThreeTimesTheFile) {
     std::string text;
     for (int s = 0; s < 200; ++s) {
-        text += "[Section" + std::to_string(s) + "]\r\n";
-        for (int k = 0; k < 30; ++k) text += "Key" + std::to_string(k) + "=value " + std::to_string(k) + "\r\n";
+        text += "[MACHINEPARAM" + std::to_string(s) + "]\r\n";
+        for (int k = 0; k < 30; ++k)
+            text +=
+                "DIST APPROACH " + std::to_string(k) + "=" + std::to_string(k) + ".5000000000\r\n";
     }
     platform::ProfileDocument doc(text);
-    for (int s = 0; s < 200; ++s) doc.Value("section" + std::to_string(s), "key29");
+    for (int s = 0; s < 200; ++s) doc.Value("machineparam" + std::to_string(s), "dist approach 29");
     EXPECT_LT(doc.BytesHeld(), 3 * text.size());
 }
 

@@ -2,10 +2,11 @@
 // so every byte the call was not asked to change survives.
 
 #include <gtest/gtest.h>
-
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <csignal>
 #include <filesystem>
 
 #include "engine_prefix.h"
@@ -325,7 +326,8 @@ TEST_F(ProfileWrite, OnlyTheNamedKeysLineChanges) {
     std::string text;
     for (int s = 0; s < 20; ++s) {
         text += "[Section" + std::to_string(s) + "]\r\n;about " + std::to_string(s) + "\r\n";
-        for (int k = 0; k < 20; ++k) text += "Key" + std::to_string(k) + " = " + std::to_string(s * k) + "\r\n";
+        for (int k = 0; k < 20; ++k)
+            text += "Key" + std::to_string(k) + " = " + std::to_string(s * k) + "\r\n";
         text += "\r\n";
     }
     File(text);
@@ -399,6 +401,49 @@ TEST_F(ProfileWrite, SuccessClearsTheLastError) {
     EXPECT_FALSE(WritePrivateProfileStringA("S", "k", "v", ""));
     EXPECT_TRUE(Write("S", "k", "v"));
     EXPECT_TRUE(LastProfileError().empty());
+}
+
+}  // namespace
+}  // namespace wk
+
+namespace wk {
+namespace {
+
+class ProfileWriteLimits : public ProfileWrite {};
+
+// A write that fails half-way (here: the file size limit of the process, which binds root
+// too) removes its temporary file and leaves the original as it was.
+TEST_F(ProfileWriteLimits, FailedWriteRemovesTheTemporaryFileAndKeepsTheOriginal) {
+    File("[S]\r\nk=1\r\n");
+    EXPECT_EQ(GetString("S", "k", "", "TEST.INI"), "1");
+    struct rlimit old {};
+    ASSERT_EQ(::getrlimit(RLIMIT_FSIZE, &old), 0);
+    const auto oldHandler = std::signal(SIGXFSZ, SIG_IGN);
+    struct rlimit small = old;
+    small.rlim_cur = 4096;
+    ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &small), 0);
+    const std::string big(10000, 'x');
+    const bool ok = Write("S", "k", big.c_str());
+    ::setrlimit(RLIMIT_FSIZE, &old);
+    std::signal(SIGXFSZ, oldHandler);
+    EXPECT_FALSE(ok);
+    EXPECT_NE(LastProfileError().find(Path()), std::string::npos);
+    EXPECT_EQ(Bytes(), "[S]\r\nk=1\r\n");
+    std::size_t entries = 0;
+    for ([[maybe_unused]] const auto& entry : fs::directory_iterator(prefix.WindowsDir()))
+        ++entries;
+    EXPECT_EQ(entries, 1u);
+    EXPECT_EQ(GetString("S", "k", "", "TEST.INI"), "1");
+}
+
+// Windows wraps value lengths at 65,536 characters (a value of 65,537 reads as one
+// character); no caller relies on that defect, and the engine returns long values whole.
+TEST_F(ProfileWrite, LongValuesAreWrittenAndReadWholeWithoutTheSixteenBitWrap) {
+    const std::string big(1 << 20, 'v');
+    ASSERT_TRUE(Write("S", "k", big.c_str()));
+    EXPECT_EQ(Bytes(), "[S]\r\nk=" + big + "\r\n");
+    const std::string value = GetString("S", "k", "", "TEST.INI", (1 << 20) + 1);
+    EXPECT_EQ(value.size(), big.size());
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 #include <filesystem>
 
 #include "engine_prefix.h"
+#include "platform/windows_directory.h"
 
 namespace wk {
 namespace {
@@ -17,11 +18,18 @@ class ScopedEnv {
 public:
     ScopedEnv(const char* name, const char* value) : name_(name) {
         if (const char* old = std::getenv(name)) old_ = old;
-        if (value) ::setenv(name, value, 1); else ::unsetenv(name);
+        if (value)
+            ::setenv(name, value, 1);
+        else
+            ::unsetenv(name);
     }
     ~ScopedEnv() {
-        if (old_) ::setenv(name_, old_->c_str(), 1); else ::unsetenv(name_);
+        if (old_)
+            ::setenv(name_, old_->c_str(), 1);
+        else
+            ::unsetenv(name_);
     }
+
 private:
     const char* name_;
     std::optional<std::string> old_;
@@ -34,10 +42,11 @@ TEST(WindowsDirectory, IsCWindowsAsTheMeasuringApplicationSeesIt) {
 }
 
 TEST(WindowsDirectory, TooSmallBufferGetsTheSizeNeededAndNothingCopied) {
-    char buffer[10] = {'x'};
+    char buffer[16] = {'x'};
     EXPECT_EQ(GetWindowsDirectoryA(buffer, 10), 11u);
     EXPECT_EQ(buffer[0], 'x');
     EXPECT_EQ(GetWindowsDirectoryA(buffer, 11), 10u);
+    EXPECT_STREQ(buffer, "C:\\windows");
 }
 
 TEST(WindowsDirectory, PrefixComesFromOverrideThenWineprefixThenHome) {

@@ -1,0 +1,168 @@
+#include "i18n/resgenstring.h"
+
+#include <algorithm>
+#include <cctype>
+#include <cstdint>
+#include <optional>
+
+#include "i18n/resgenid.h"
+#include "platform/file_lookup.h"
+#include "platform/help_viewer.h"
+#include "platform/oem_conversion.h"
+#include "platform/profile.h"
+
+namespace wk {
+namespace {
+
+constexpr const char* kSettingsFile = "WZELKO.INI";
+constexpr const char* kSettingsFile32 = "WZELKO32.INI";
+constexpr const char* kFallbackLibrary = "Kes32_eng.dll";
+constexpr const char* kFallbackCode = "ENG";
+constexpr int kStringBufferSize = 256;
+constexpr std::uint32_t kNoConversionSize = 150;
+constexpr std::uint32_t kLanguageKeysSize = 200;
+constexpr std::uint32_t kLanguageValueSize = 80;
+
+std::string UpperCase(std::string text) {
+    for (char& c : text) c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
+    return text;
+}
+
+bool EqualIgnoringCase(const std::string& a, const std::string& b) {
+    return a.size() == b.size() && UpperCase(a) == UpperCase(b);
+}
+
+// The names of a NUL-separated listing of `length` characters.
+std::vector<std::string> SplitListing(const char* listing, std::uint32_t length) {
+    std::vector<std::string> names;
+    std::uint32_t at = 0;
+    while (at < length && listing[at] != '\0') {
+        std::string name(listing + at);
+        at += static_cast<std::uint32_t>(name.size()) + 1;
+        names.push_back(std::move(name));
+    }
+    return names;
+}
+
+void LoadResourceFile(LanguageState& state, const std::string& fileName) {
+    state.CurrentResourceFile.reset();
+    state.CurrentResourceFile = std::make_unique<ResourceGenFile>(fileName);
+    state.LibraryLoaded = true;
+}
+
+bool MakeHelpFile(LanguageState& state, const std::string& path) {
+    std::optional<std::string> found = platform::FindFileIgnoringCase(path);
+    if (!found) return false;
+    state.HelpFilePath = *found;
+    state.HelpAvailable = true;
+    return true;
+}
+
+}  // namespace
+
+LanguageState& Language() {
+    static LanguageState state;
+    return state;
+}
+
+bool LoadLanguageLibrary(const std::string& code) {
+    LanguageState& state = Language();
+    std::string fileName = "Kes32_" + code + ".dll";
+    std::string upperCode = UpperCase(code);
+
+    if (!code.empty() && platform::FindFileIgnoringCase(fileName)) {
+        LoadResourceFile(state, fileName);
+    } else {
+        fileName = kFallbackLibrary;
+        upperCode = kFallbackCode;
+        if (!state.LibraryLoaded && platform::FindFileIgnoringCase(fileName))
+            LoadResourceFile(state, fileName);
+    }
+
+    char noConversion[kNoConversionSize] = {};
+    GetPrivateProfileStringA("WZELKO", "NO ANSI-OEM CONVERSION", "", noConversion,
+                             kNoConversionSize, kSettingsFile);
+    std::string languages = noConversion;
+    if (!languages.empty() && UpperCase(languages).find(upperCode) != std::string::npos)
+        state.OemConversion = false;
+
+    return state.LibraryLoaded;
+}
+
+std::string GetLanguageString(int id, int maxLength) {
+    LanguageState& state = Language();
+    if (!state.CurrentResourceFile)
+        ResGenAssertFailed("rf != NULL", "ResGenID", kResGenIdNoResourceFileLine);
+
+    char buffer[kStringBufferSize] = {};
+    int length = LoadStringA(state.CurrentResourceFile->Module(), static_cast<unsigned>(id), buffer,
+                             kStringBufferSize);
+    // The cut leaves the length as loaded: the conversion below runs over it, past the cut,
+    // which changes nothing that is shown.
+    long long cut = static_cast<long long>(maxLength) - 1;
+    if (cut < length) buffer[std::max(cut, 0LL)] = '\0';
+    if (state.OemConversion && length > 0)
+        OemToCharBuffA(buffer, buffer, static_cast<std::uint32_t>(length));
+    return std::string(buffer);
+}
+
+void ReleaseLanguageLibrary() {
+    LanguageState& state = Language();
+    if (state.CurrentResourceFile) state.CurrentResourceFile->Release();
+    state.CurrentResourceFile.reset();
+    state.LibraryLoaded = false;
+}
+
+bool SetupHelpFile(const std::string& code) {
+    LanguageState& state = Language();
+    std::string directory = platform::CurrentDirectory();
+    std::string fallback = directory + "\\Help\\MarvaneEng.hlp";
+    std::string candidate = directory + "\\Help\\Marvane" + code + ".hlp";
+    if (!MakeHelpFile(state, candidate)) MakeHelpFile(state, fallback);
+    return state.HelpAvailable;
+}
+
+bool ShowHelpContext(int context) {
+    const LanguageState& state = Language();
+    if (state.HelpFilePath.empty()) return false;
+    return WinHelpA(state.HelpFilePath.c_str(), HELP_CONTEXT,
+                    static_cast<std::uintptr_t>(static_cast<unsigned>(context)));
+}
+
+std::vector<LanguageListEntry> ReadLanguageList(const std::string& currentCode, int& selectedIndex,
+                                                LanguageCodeMatch match) {
+    selectedIndex = 0;
+    char keys[kLanguageKeysSize] = {};
+    std::uint32_t length =
+        GetPrivateProfileStringA("Languages", nullptr, "", keys, kLanguageKeysSize, kSettingsFile);
+
+    // Which keys the second file has at all: a key missing there differs even from an empty
+    // value here.
+    std::vector<char> keys32(32768);
+    std::uint32_t length32 =
+        GetPrivateProfileStringA("Languages", nullptr, "", keys32.data(),
+                                 static_cast<std::uint32_t>(keys32.size()), kSettingsFile32);
+    std::vector<std::string> names32 = SplitListing(keys32.data(), length32);
+
+    std::vector<LanguageListEntry> entries;
+    for (const std::string& key : SplitListing(keys, length)) {
+        char value[kLanguageValueSize] = {};
+        char value32[kLanguageValueSize] = {};
+        GetPrivateProfileStringA("Languages", key.c_str(), "", value, kLanguageValueSize,
+                                 kSettingsFile);
+        GetPrivateProfileStringA("Languages", key.c_str(), "", value32, kLanguageValueSize,
+                                 kSettingsFile32);
+        bool present32 = std::any_of(names32.begin(), names32.end(), [&](const std::string& n) {
+            return EqualIgnoringCase(n, key);
+        });
+        std::string code = value;
+        bool matches = match == LanguageCodeMatch::Exact ? code == currentCode
+                                                         : EqualIgnoringCase(code, currentCode);
+        if (matches) selectedIndex = static_cast<int>(entries.size());
+        bool differs = !present32 || code != std::string(value32);
+        entries.push_back({differs ? "(*) " + key : key, code});
+    }
+    return entries;
+}
+
+}  // namespace wk

@@ -1,0 +1,92 @@
+#include "platform/file_lookup.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <system_error>
+#include <vector>
+
+namespace wk::platform {
+namespace {
+
+namespace fs = std::filesystem;
+
+bool EqualIgnoringCase(const std::string& a, const std::string& b) {
+    if (a.size() != b.size()) return false;
+    for (std::size_t i = 0; i < a.size(); ++i) {
+        unsigned char ca = static_cast<unsigned char>(a[i]);
+        unsigned char cb = static_cast<unsigned char>(b[i]);
+        if (ca >= 'a' && ca <= 'z') ca = static_cast<unsigned char>(ca - 'a' + 'A');
+        if (cb >= 'a' && cb <= 'z') cb = static_cast<unsigned char>(cb - 'a' + 'A');
+        if (ca != cb) return false;
+    }
+    return true;
+}
+
+// The entry of `dir` named `name`: the exact name when it exists, else the first name in
+// sorted order that matches without regard to case (sorted, so that two files differing
+// only in case always resolve the same way).
+std::optional<fs::path> FindEntry(const fs::path& dir, const std::string& name) {
+    std::error_code ec;
+    fs::path exact = dir / name;
+    if (fs::exists(fs::symlink_status(exact, ec))) return exact;
+    std::vector<std::string> matches;
+    fs::directory_iterator it(dir.empty() ? fs::path(".") : dir, ec);
+    if (ec) return std::nullopt;
+    for (; it != fs::directory_iterator(); it.increment(ec)) {
+        if (ec) break;
+        std::string entry = it->path().filename().string();
+        if (EqualIgnoringCase(entry, name)) matches.push_back(entry);
+    }
+    if (matches.empty()) return std::nullopt;
+    std::sort(matches.begin(), matches.end());
+    return dir / matches.front();
+}
+
+}  // namespace
+
+std::optional<std::string> FindFileIgnoringCase(const std::string& path) {
+    if (path.empty()) return std::nullopt;
+#ifdef _WIN32
+    std::error_code ec;
+    if (fs::is_regular_file(fs::path(path), ec)) return path;
+    return std::nullopt;
+#else
+    std::string unixPath = path;
+    std::replace(unixPath.begin(), unixPath.end(), '\\', '/');
+    std::error_code ec;
+    if (fs::is_regular_file(fs::path(unixPath), ec)) return unixPath;
+
+    // Walk the components, resolving each against the directory found so far.
+    fs::path current;
+    std::size_t pos = 0;
+    if (unixPath.front() == '/') {
+        current = "/";
+        pos = 1;
+    }
+    while (pos <= unixPath.size()) {
+        std::size_t slash = unixPath.find('/', pos);
+        std::string component =
+            unixPath.substr(pos, slash == std::string::npos ? std::string::npos : slash - pos);
+        pos = slash == std::string::npos ? unixPath.size() + 1 : slash + 1;
+        if (component.empty() || component == ".") continue;
+        if (component == "..") {
+            current /= component;
+            continue;
+        }
+        std::optional<fs::path> entry = FindEntry(current, component);
+        if (!entry) return std::nullopt;
+        current = *entry;
+    }
+    if (!fs::is_regular_file(current, ec)) return std::nullopt;
+    return current.string();
+#endif
+}
+
+std::string CurrentDirectory() {
+    std::error_code ec;
+    fs::path cwd = fs::current_path(ec);
+    if (ec) return {};
+    return cwd.string();
+}
+
+}  // namespace wk::platform

@@ -1,0 +1,23 @@
+#pragma once
+// OemToCharBuffA: text of the OEM (DOS) code page to the ANSI (Windows) code page.
+//
+// Some language libraries hold their texts as the measuring application's DOS programs
+// wrote them, in the OEM code page; the editor converts every fetched string unless the
+// settings file says the language needs no conversion.
+//
+// The OEM code page is 850 (multilingual Latin 1) unless the environment variable
+// WKESTEL_OEM_CODEPAGE names another (a number such as 437, or any name iconv knows, such
+// as "CP852"); the ANSI code page is Windows-1252, the code page of the settings files. An
+// unknown code page leaves the default in force. Bytes 0x00-0x7F are kept; a byte whose
+// character the ANSI code page lacks (the box-drawing characters of 850, for instance)
+// becomes '?'.
+
+#include <cstdint>
+
+namespace wk {
+
+// Converts `length` bytes from `source` into `destination` (which may be the same buffer).
+// Returns true; false only when either pointer is null and length is not 0.
+bool OemToCharBuffA(const char* source, char* destination, std::uint32_t length);
+
+}  // namespace wk
