@@ -1,11 +1,11 @@
 #include "i18n/resgenstring.h"
 
 #include <algorithm>
-#include <cctype>
 #include <cstdint>
 #include <optional>
 
 #include "i18n/resgenid.h"
+#include "platform/ascii_case.h"
 #include "platform/file_lookup.h"
 #include "platform/help_viewer.h"
 #include "platform/oem_conversion.h"
@@ -22,15 +22,6 @@ constexpr int kStringBufferSize = 256;
 constexpr std::uint32_t kNoConversionSize = 150;
 constexpr std::uint32_t kLanguageKeysSize = 200;
 constexpr std::uint32_t kLanguageValueSize = 80;
-
-std::string UpperCase(std::string text) {
-    for (char& c : text) c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
-    return text;
-}
-
-bool EqualIgnoringCase(const std::string& a, const std::string& b) {
-    return a.size() == b.size() && UpperCase(a) == UpperCase(b);
-}
 
 // The names of a NUL-separated listing of `length` characters.
 std::vector<std::string> SplitListing(const char* listing, std::uint32_t length) {
@@ -68,7 +59,7 @@ LanguageState& Language() {
 bool LoadLanguageLibrary(const std::string& code) {
     LanguageState& state = Language();
     std::string fileName = "Kes32_" + code + ".dll";
-    std::string upperCode = UpperCase(code);
+    std::string upperCode = ToUpperAscii(code);
 
     if (!code.empty() && platform::FindFileIgnoringCase(fileName)) {
         LoadResourceFile(state, fileName);
@@ -83,7 +74,7 @@ bool LoadLanguageLibrary(const std::string& code) {
     GetPrivateProfileStringA("WZELKO", "NO ANSI-OEM CONVERSION", "", noConversion,
                              kNoConversionSize, kSettingsFile);
     std::string languages = noConversion;
-    if (!languages.empty() && UpperCase(languages).find(upperCode) != std::string::npos)
+    if (!languages.empty() && ToUpperAscii(languages).find(upperCode) != std::string::npos)
         state.OemConversion = false;
 
     return state.LibraryLoaded;
@@ -153,11 +144,11 @@ std::vector<LanguageListEntry> ReadLanguageList(const std::string& currentCode, 
         GetPrivateProfileStringA("Languages", key.c_str(), "", value32, kLanguageValueSize,
                                  kSettingsFile32);
         bool present32 = std::any_of(names32.begin(), names32.end(), [&](const std::string& n) {
-            return EqualIgnoringCase(n, key);
+            return EqualsIgnoringAsciiCase(n, key);
         });
         std::string code = value;
         bool matches = match == LanguageCodeMatch::Exact ? code == currentCode
-                                                         : EqualIgnoringCase(code, currentCode);
+                                                         : EqualsIgnoringAsciiCase(code, currentCode);
         if (matches) selectedIndex = static_cast<int>(entries.size());
         bool differs = !present32 || code != std::string(value32);
         entries.push_back({differs ? "(*) " + key : key, code});

@@ -1,5 +1,8 @@
 #include "platform/dos_paths.h"
 
+#include "platform/ascii_case.h"
+#include "platform/file_lookup.h"
+
 #include <cctype>
 #include <cstdio>
 #include <filesystem>
@@ -17,17 +20,6 @@ namespace {
 
 bool HasDrive(const std::string& path) {
     return path.size() >= 2 && std::isalpha(static_cast<unsigned char>(path[0])) && path[1] == ':';
-}
-
-bool EqualsIgnoringAsciiCase(std::string_view a, std::string_view b) {
-    if (a.size() != b.size()) return false;
-    for (std::size_t i = 0; i < a.size(); ++i) {
-        if (std::tolower(static_cast<unsigned char>(a[i])) !=
-            std::tolower(static_cast<unsigned char>(b[i]))) {
-            return false;
-        }
-    }
-    return true;
 }
 
 std::vector<std::string> SplitComponents(std::string_view path) {
@@ -68,7 +60,7 @@ std::vector<std::pair<char, fs::path>> Drives() {
             !std::isalpha(static_cast<unsigned char>(name[0]))) {
             continue;
         }
-        const char letter = static_cast<char>(std::tolower(static_cast<unsigned char>(name[0])));
+        const char letter = ToLowerAscii(name[0]);
         if (letter == 'c') haveC = true;
         drives.emplace_back(letter, ResolveDriveLink(it->path()));
     }
@@ -81,7 +73,7 @@ std::vector<std::pair<char, fs::path>> Drives() {
 }
 
 std::optional<fs::path> DriveRoot(char letter) {
-    letter = static_cast<char>(std::tolower(static_cast<unsigned char>(letter)));
+    letter = ToLowerAscii(letter);
     const fs::path prefix = WinePrefix();
     const fs::path link = prefix / "dosdevices" / (std::string(1, letter) + ":");
     std::error_code ec;
@@ -118,16 +110,10 @@ std::optional<std::string> DosToHostPath(const std::string& dosPath) {
         }
         std::error_code ec;
         if (matching && !fs::exists(fs::symlink_status(host / part, ec))) {
-            bool found = false;
-            for (fs::directory_iterator it(host, ec), end; !ec && it != end; it.increment(ec)) {
-                const std::string name = it->path().filename().string();
-                if (EqualsIgnoringAsciiCase(name, part)) {
-                    host /= name;
-                    found = true;
-                    break;
-                }
+            if (auto entry = FindEntryIgnoringCase(host, part)) {
+                host = *entry;
+                continue;
             }
-            if (found) continue;
             matching = false;
         }
         host /= part;
@@ -158,7 +144,7 @@ std::optional<std::string> HostToDosPath(const std::string& hostPath) {
         }
     }
     if (!best) return std::nullopt;
-    std::string dos(1, static_cast<char>(std::toupper(static_cast<unsigned char>(best->first))));
+    std::string dos(1, ToUpperAscii(best->first));
     dos += ":";
     const fs::path relative = host.lexically_relative(best->second);
     bool any = false;

@@ -1,5 +1,7 @@
 #include "platform/file_lookup.h"
 
+#include "platform/ascii_case.h"
+
 #include <algorithm>
 #include <filesystem>
 #include <system_error>
@@ -10,22 +12,9 @@ namespace {
 
 namespace fs = std::filesystem;
 
-bool EqualIgnoringCase(const std::string& a, const std::string& b) {
-    if (a.size() != b.size()) return false;
-    for (std::size_t i = 0; i < a.size(); ++i) {
-        unsigned char ca = static_cast<unsigned char>(a[i]);
-        unsigned char cb = static_cast<unsigned char>(b[i]);
-        if (ca >= 'a' && ca <= 'z') ca = static_cast<unsigned char>(ca - 'a' + 'A');
-        if (cb >= 'a' && cb <= 'z') cb = static_cast<unsigned char>(cb - 'a' + 'A');
-        if (ca != cb) return false;
-    }
-    return true;
-}
+}  // namespace
 
-// The entry of `dir` named `name`: the exact name when it exists, else the first name in
-// sorted order that matches without regard to case (sorted, so that two files differing
-// only in case always resolve the same way).
-std::optional<fs::path> FindEntry(const fs::path& dir, const std::string& name) {
+std::optional<fs::path> FindEntryIgnoringCase(const fs::path& dir, const std::string& name) {
     std::error_code ec;
     fs::path exact = dir / name;
     if (fs::exists(fs::symlink_status(exact, ec))) return exact;
@@ -35,14 +24,12 @@ std::optional<fs::path> FindEntry(const fs::path& dir, const std::string& name) 
     for (; it != fs::directory_iterator(); it.increment(ec)) {
         if (ec) break;
         std::string entry = it->path().filename().string();
-        if (EqualIgnoringCase(entry, name)) matches.push_back(entry);
+        if (EqualsIgnoringAsciiCase(entry, name)) matches.push_back(entry);
     }
     if (matches.empty()) return std::nullopt;
     std::sort(matches.begin(), matches.end());
     return dir / matches.front();
 }
-
-}  // namespace
 
 std::optional<std::string> FindFileIgnoringCase(const std::string& path) {
     if (path.empty()) return std::nullopt;
@@ -73,7 +60,7 @@ std::optional<std::string> FindFileIgnoringCase(const std::string& path) {
             current /= component;
             continue;
         }
-        std::optional<fs::path> entry = FindEntry(current, component);
+        std::optional<fs::path> entry = FindEntryIgnoringCase(current, component);
         if (!entry) return std::nullopt;
         current = *entry;
     }

@@ -1,5 +1,7 @@
 #include "platform/profile_document.h"
 
+#include "platform/ascii_case.h"
+
 #include <algorithm>
 #include <cstring>
 
@@ -21,22 +23,10 @@ std::string_view TrimBlanks(std::string_view s) {
     return s.substr(b, e - b);
 }
 
-constexpr char FoldAscii(char c) {
-    return (c >= 'A' && c <= 'Z') ? static_cast<char>(c + 32) : c;
-}
-
-bool EqualsFolded(std::string_view a, std::string_view b) {
-    if (a.size() != b.size()) return false;
-    for (std::size_t i = 0; i < a.size(); ++i) {
-        if (FoldAscii(a[i]) != FoldAscii(b[i])) return false;
-    }
-    return true;
-}
-
 std::uint32_t HashFolded(std::string_view s) {
     std::uint32_t h = 2166136261u;
     for (const char c : s) {
-        h ^= static_cast<unsigned char>(FoldAscii(c));
+        h ^= static_cast<unsigned char>(ToLowerAscii(c));
         h *= 16777619u;
     }
     return h;
@@ -82,7 +72,7 @@ std::optional<std::size_t> IndexFind(const std::vector<std::uint64_t>& slots, st
         if (slot == 0) return std::nullopt;
         if (static_cast<std::uint32_t>(slot >> 32) == hash) {
             const std::size_t pos = static_cast<std::uint32_t>(slot) - 1;
-            if (EqualsFolded(nameAt(pos), name)) return pos;
+            if (EqualsIgnoringAsciiCase(nameAt(pos), name)) return pos;
         }
     }
 }
@@ -271,7 +261,7 @@ std::optional<std::size_t> ProfileDocument::FindKey(const Section& section,
     if (n <= kLinearSearchLines) {
         for (std::size_t i = 1; i < n; ++i) {
             const Line& line = LineAt(section, i);
-            if (line.kind == LineKind::Key && EqualsFolded(KeyName(Text(line)), key)) return i;
+            if (line.kind == LineKind::Key && EqualsIgnoringAsciiCase(KeyName(Text(line)), key)) return i;
         }
         return std::nullopt;
     }

@@ -9,23 +9,13 @@
 #include <vector>
 
 #include "platform/dos_paths.h"
+#include "platform/file_lookup.h"
 #include "platform/windows_directory.h"
 
 namespace wk::platform {
 namespace fs = std::filesystem;
 
 namespace {
-
-bool EqualsIgnoringAsciiCase(std::string_view a, std::string_view b) {
-    if (a.size() != b.size()) return false;
-    for (std::size_t i = 0; i < a.size(); ++i) {
-        if (std::tolower(static_cast<unsigned char>(a[i])) !=
-            std::tolower(static_cast<unsigned char>(b[i]))) {
-            return false;
-        }
-    }
-    return true;
-}
 
 std::string Describe(const std::string& path, int errorNumber) {
     return path + ": " + std::strerror(errorNumber);
@@ -44,16 +34,8 @@ std::string ProfileStore::ResolveBareName(const std::string& windowsDirectory,
     if (StatFile(exact).exists) return exact;
 #ifndef _WIN32
     // The measuring application names its files in any case ("Wzelko.ini" for WZELKO.INI);
-    // on a case-sensitive file system the existing file is found by comparing names. The
-    // smallest matching name is taken, so that the choice does not depend on the directory's
-    // order.
-    std::string best;
-    std::error_code ec;
-    for (fs::directory_iterator it(windowsDirectory, ec), end; !ec && it != end; it.increment(ec)) {
-        const std::string entry = it->path().filename().string();
-        if (EqualsIgnoringAsciiCase(entry, name) && (best.empty() || entry < best)) best = entry;
-    }
-    if (!best.empty()) return windowsDirectory + "/" + best;
+    // on a case-sensitive file system the existing file is found by comparing names.
+    if (auto entry = FindEntryIgnoringCase(windowsDirectory, name)) return entry->string();
 #endif
     return exact;  // a new file is created under the name given
 }

@@ -2,6 +2,8 @@
 
 #include <cstring>
 
+#include "platform/ascii_case.h"
+
 namespace wk {
 namespace {
 
@@ -21,32 +23,21 @@ constexpr char kCompensSection[] = "COMPENS";
 constexpr char kMethodKey[] = "METHOD";
 constexpr char kControllerMethod[] = "CTRL";
 
-char LowerAscii(char c) {
-    return (c >= 'A' && c <= 'Z') ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
-bool EqualsIgnoringCase(const char* a, const char* b) {
-    for (; *a != '\0' && *b != '\0'; ++a, ++b) {
-        if (LowerAscii(*a) != LowerAscii(*b)) return false;
-    }
-    return *a == *b;
-}
-
 }  // namespace
 
 bool IsKeptAsInstalled(const std::string& section, const char* key) {
     for (const KeptKey& kept : kKeptKeys) {
-        if (section == kept.section && EqualsIgnoringCase(key, kept.key)) return true;
+        if (section == kept.section && EqualsIgnoringAsciiCase(key, kept.key)) return true;
     }
     return false;
 }
 
 bool IsCompensationMethod(const std::string& section, const char* key) {
-    return section == kCompensSection && EqualsIgnoringCase(key, kMethodKey);
+    return section == kCompensSection && EqualsIgnoringAsciiCase(key, kMethodKey);
 }
 
 bool IsControllerCompensation(const char* savedMethod) {
-    return EqualsIgnoringCase(savedMethod, kControllerMethod);
+    return EqualsIgnoringAsciiCase(savedMethod, kControllerMethod);
 }
 
 }  // namespace wk
