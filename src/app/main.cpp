@@ -52,6 +52,9 @@ int main(int argc, char** argv) {
                          &QCoreApplication::quit, Qt::QueuedConnection);
         wk::TAboutBox aboutBox(&mainWind);
         mainWind.show();
+        // The start-up sequence runs on the first activation; a display without a window
+        // manager does not activate a window that is merely shown.
+        mainWind.activateWindow();
         return QApplication::exec();
     } catch (const std::exception& error) {
         wk::MessageBoxA(nullptr, error.what(), "WKestel32", wk::MB_OK | wk::MB_ICONSTOP);

@@ -11,13 +11,12 @@
 #include <QMenuBar>
 #include <QPushButton>
 #include <QStatusTipEvent>
-#include <algorithm>
-#include <cctype>
 #include <cstdio>
 #include <cstring>
 
 #include "dialogs/about_box.h"
 #include "i18n/resgenstring.h"
+#include "platform/ascii_case.h"
 #include "platform/dos_paths.h"
 #include "platform/message_box.h"
 #include "platform/text_codec.h"
@@ -44,16 +43,6 @@ constexpr int kLanguageMaxLength = 200;
 
 // The title the default exception handler gives its message box.
 constexpr const char* kApplicationTitle = "WKestel32";
-
-std::string Upper(std::string text) {
-    std::transform(text.begin(), text.end(), text.begin(),
-                   [](unsigned char c) { return static_cast<char>(std::toupper(c)); });
-    return text;
-}
-
-bool SameText(const std::string& a, const char* b) {
-    return Upper(a) == Upper(b);
-}
 
 QString FromAnsi(const std::string& text) {
     return QString::fromStdString(platform::AnsiToUtf8(text));
@@ -93,7 +82,7 @@ TKestelMainWind::TKestelMainWind(std::vector<std::string> commandLine, QWidget* 
     // Every word of the command line, the program's own path included, is compared; only the
     // bare word counts ("/UPGRADE" or "UPGRADE=1" do not).
     for (const std::string& word : commandLine_) {
-        if (Upper(word) == "UPGRADE") {
+        if (EqualsIgnoringAsciiCase(word, "UPGRADE")) {
             upgradeRequested_ = true;
         }
     }
@@ -295,7 +284,9 @@ bool TKestelMainWind::event(QEvent* event) {
             break;
         case QEvent::StatusTip:
             // Menu hints show in the status line.
-            pBottBar_->setText(static_cast<QStatusTipEvent*>(event)->tip());
+            if (pBottBar_) {
+                pBottBar_->setText(static_cast<QStatusTipEvent*>(event)->tip());
+            }
             return true;
         default:
             break;
@@ -374,8 +365,9 @@ void TKestelMainWind::CaptionMenus() {
 
     // The controller entry exists for the controllers that have their own options.
     const std::string type = ReadControllerType();
-    const bool controllerEntry = SameText(type, "RMD") || SameText(type, "Tq") ||
-                                 SameText(type, "Q5") || SameText(type, "Vek3");
+    const bool controllerEntry =
+        EqualsIgnoringAsciiCase(type, "RMD") || EqualsIgnoringAsciiCase(type, "Tq") ||
+        EqualsIgnoringAsciiCase(type, "Q5") || EqualsIgnoringAsciiCase(type, "Vek3");
     QAction* controller = MenuAction(kControllerMenuText.name);
     controlSeparator_->setVisible(controllerEntry);
     controller->setVisible(controllerEntry);
@@ -386,8 +378,8 @@ void TKestelMainWind::CaptionMenus() {
 }
 
 void TKestelMainWind::SettingsFilePresenceCheck() {
+    // Seen while the message below is up (its event loop paints the window).
     pBottBar_->setText(LanguageText(kIdCheckingFile));
-    pBottBar_->repaint();
 
     char path[512 + 16] = {};
     GetWindowsDirectoryA(path, 512);

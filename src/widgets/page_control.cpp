@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QKeyEvent>
+#include <QMenuBar>
 #include <QStackedWidget>
 #include <QVBoxLayout>
 
@@ -176,8 +177,11 @@ QWidget* PageControl::SheetContaining(QWidget* widget) const {
 
 void PageControl::OnFocusChanged(QWidget* old, QWidget* now) {
     // Only moves between controls of this window: focus coming back with the window's
-    // activation (old is null) or from a closed message box or popup is no entry.
-    if (!old || !now || old->window() != window() || now->window() != window()) {
+    // activation (old is null) or from a closed message box or popup is no entry, and neither
+    // is focus coming back from the menu bar, which holds it only while Alt or F10 walks the
+    // menus (the field the user was typing in has not been left).
+    if (!old || !now || old->window() != window() || now->window() != window() ||
+        qobject_cast<QMenuBar*>(old)) {
         return;
     }
     QWidget* sheet = SheetContaining(now);

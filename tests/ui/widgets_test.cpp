@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QMenu>
+#include <QMenuBar>
 #include <QTabBar>
 #include <QTest>
 #include <QVBoxLayout>
@@ -237,6 +238,21 @@ TEST(PageControl, FocusComingBackWithTheWindowIsNoEntry) {
     (void)QTest::qWaitForWindowActive(&other, 2000);
     t.window.activateWindow();
     (void)QTest::qWaitForWindowActive(&t.window, 2000);
+    EXPECT_TRUE(t.entered.empty());
+}
+
+TEST(PageControl, FocusComingBackFromTheMenuBarIsNoEntry) {
+    ThreeSheets t;
+    auto* bar = new QMenuBar(&t.window);
+    bar->addMenu(QStringLiteral("&File"));
+    bar->show();
+    t.edits[0]->setFocus(Qt::MouseFocusReason);
+    t.entered.clear();
+    // What Alt does: the menu bar takes the keyboard, and gives it back when left.
+    bar->setFocus(Qt::MenuBarFocusReason);
+    ASSERT_TRUE(bar->hasFocus());
+    t.edits[0]->setFocus(Qt::MenuBarFocusReason);
+    EXPECT_TRUE(t.edits[0]->hasFocus());
     EXPECT_TRUE(t.entered.empty());
 }
 
