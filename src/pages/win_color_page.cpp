@@ -55,7 +55,6 @@ QScrollBar* MakeBar(QWidget* parent, const char* name) {
 EditField* MakeEdit(QWidget* parent, const char* name) {
     auto* edit = new EditField(parent);
     edit->setObjectName(QString::fromLatin1(name));
-    edit->setMaxLength(10);
     edit->setFixedWidth(edit->fontMetrics().horizontalAdvance(QStringLiteral("0000000")) + 12);
     return edit;
 }
