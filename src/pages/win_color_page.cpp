@@ -62,7 +62,9 @@ EditField* MakeEdit(QWidget* parent, const char* name) {
 QPushButton* MakeButton(QWidget* parent, const char* name, const char* text) {
     auto* button = new QPushButton(QString::fromLatin1(text), parent);
     button->setObjectName(QString::fromLatin1(name));
-    button->setAutoDefault(false);
+    // Enter on the focused button clicks it, as it did in the measuring application's forms:
+    // a component edit that is left hands the focus to Set, so Tab then Enter applies.
+    button->setAutoDefault(true);
     return button;
 }
 

@@ -11,8 +11,11 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMouseEvent>
 #include <QPushButton>
 #include <QScrollBar>
+#include <QStyle>
+#include <QStyleOptionSlider>
 #include <QTest>
 #include <QTimer>
 
@@ -328,6 +331,48 @@ TEST_F(WinColorPage, SetThenSaveWritesTheNewColour) {
     EXPECT_EQ(Saved("EXECUTION WINDOW"), "255,10,224");
     EXPECT_EQ(Saved("MAIN WINDOW"), "192,192,192");
     EXPECT_TRUE(test::Exists(prefix_, "WZELKO.BAK"));
+}
+
+TEST_F(WinColorPage, TabThenEnterAfterTypingAComponentAppliesIt) {
+    Start();
+    ShowPage();
+    TypeComponent("pSLE_RedColor", QStringLiteral("20"));
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    EXPECT_EQ(Entry(0), ColourSettings::MakeColour(20, 192, 192));
+    EXPECT_TRUE(window_->Settings()->Modified);
+    EXPECT_FALSE(Button("pPB_SetCol")->isEnabled());
+}
+
+TEST_F(WinColorPage, DraggingTheThumbWithTheMousePaintsTheSwatchAndLettingGoChangesTheColour) {
+    Start();
+    ShowPage();
+    QScrollBar* red = Bar("pHSB_Red");
+    QStyleOptionSlider option;
+    option.initFrom(red);
+    option.orientation = red->orientation();
+    option.minimum = red->minimum();
+    option.maximum = red->maximum();
+    option.sliderPosition = red->sliderPosition();
+    option.sliderValue = red->value();
+    option.singleStep = red->singleStep();
+    option.pageStep = red->pageStep();
+    option.upsideDown = red->invertedAppearance();
+    const QRect thumb = red->style()->subControlRect(QStyle::CC_ScrollBar, &option,
+                                                     QStyle::SC_ScrollBarSlider, red);
+    const QPoint from = thumb.center();
+    const QPoint to = from - QPoint(40, 0);
+    QTest::mousePress(red, Qt::LeftButton, {}, from);
+    QMouseEvent move(QEvent::MouseMove, to, red->mapToGlobal(to), Qt::NoButton, Qt::LeftButton,
+                     Qt::NoModifier);
+    QApplication::sendEvent(red, &move);
+    const int dragged = red->sliderPosition();
+    ASSERT_LT(dragged, 192);
+    EXPECT_EQ(Edit("pSLE_RedColor")->text(), QString::asprintf("%03d", dragged));
+    EXPECT_EQ(Swatch(), QColor(dragged, 192, 192));
+    EXPECT_EQ(page_->CurrentColour(), ColourSettings::MakeColour(192, 192, 192));
+    QTest::mouseRelease(red, Qt::LeftButton, {}, to);
+    EXPECT_EQ(page_->CurrentColour(), ColourSettings::MakeColour(dragged, 192, 192));
+    EXPECT_EQ(Entry(0), ColourSettings::MakeColour(192, 192, 192));
 }
 
 TEST_F(WinColorPage, ScrollBarChangeThenEditThenSetAppliesTheWholeCurrentColour) {
