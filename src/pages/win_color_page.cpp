@@ -178,6 +178,14 @@ TWinColorPage::TWinColorPage(TKestelMainWind& mainWind) : KestelPage(mainWind) {
     HighlightActiveComponent();
 }
 
+TWinColorPage::~TWinColorPage() {
+    // The controls outlive this part of the page by a moment (the widget base deletes them);
+    // whatever they report while going must not reach the handlers of a page that is gone.
+    for (QObject* control : findChildren<QObject*>()) {
+        control->disconnect(this);
+    }
+}
+
 TWinColorPage::Component& TWinColorPage::ComponentOf(int id) {
     for (Component& c : components_) {
         if (c.id == id) return c;

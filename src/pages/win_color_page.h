@@ -32,6 +32,7 @@ public:
     static constexpr int kBlueComponent = 202;
 
     explicit TWinColorPage(TKestelMainWind& mainWind);
+    ~TWinColorPage() override;
 
     void Initialise() override;
     void Store() override;

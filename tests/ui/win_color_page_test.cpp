@@ -595,5 +595,13 @@ TEST_F(WinColorPage, AnsweringNoOnLeavingThePageReReadsTheFilesAndShowsTheReadCo
     EXPECT_EQ(prefix_.ReadWindowsFile("WZELKO.INI"), original_);
 }
 
+TEST_F(WinColorPage, ClosingTheProgramWithATypedComponentRunsNoHandler) {
+    Start();
+    ShowPage();
+    TypeInto(Edit("pSLE_RedColor"), QStringLiteral("12a"));
+    window_.reset();
+    EXPECT_EQ(script_.Count(), 0);
+}
+
 }  // namespace
 }  // namespace wk
