@@ -4,14 +4,13 @@
 // of section "Controller", then SetupSettings and ReadAll.
 
 #include <CLI/CLI.hpp>
-#include <nlohmann/json.hpp>
-
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <map>
-#include <optional>
 #include <memory>
+#include <nlohmann/json.hpp>
+#include <optional>
 #include <string>
 #include <system_error>
 #include <vector>
@@ -19,6 +18,7 @@
 #include "cli/commands.h"
 #include "cli/settings_listing.h"
 #include "cli/windows_directory_check.h"
+#include "platform/file_lookup.h"
 #include "platform/profile.h"
 #include "platform/windows_directory.h"
 #include "settings/controller_type.h"
@@ -142,7 +142,9 @@ struct KeyValue {
     std::string section, key, value;
 };
 
-std::string Upper(std::string text) { return ToUpperAscii(std::move(text)); }
+std::string Upper(std::string text) {
+    return ToUpperAscii(std::move(text));
+}
 
 // A NUL-separated listing of the profile functions, grown until it fits.
 std::vector<std::string> Listing(const char* section, const char* fileName) {
@@ -177,24 +179,13 @@ std::vector<KeyValue> Snapshot(const char* fileName) {
         std::map<std::string, bool> seenKeys;
         for (const std::string& key : Listing(section.c_str(), fileName)) {
             if (!seenKeys.emplace(Upper(key), true).second) continue;
-            const std::uint32_t n = GetPrivateProfileStringA(
-                section.c_str(), key.c_str(), "", value.data(),
-                static_cast<std::uint32_t>(value.size()), fileName);
+            const std::uint32_t n =
+                GetPrivateProfileStringA(section.c_str(), key.c_str(), "", value.data(),
+                                         static_cast<std::uint32_t>(value.size()), fileName);
             values.push_back(KeyValue{section, key, std::string(value.data(), n)});
         }
     }
     return values;
-}
-
-// The settings file of that name in a directory, matched without regard to case.
-std::optional<fs::path> FindFileNoCase(const fs::path& directory, const std::string& name) {
-    std::error_code ec;
-    for (const auto& entry : fs::directory_iterator(directory, ec)) {
-        if (Upper(entry.path().filename().string()) == Upper(name) && entry.is_regular_file(ec)) {
-            return entry.path();
-        }
-    }
-    return std::nullopt;
 }
 
 std::string EnvironmentPrefix() {
@@ -210,7 +201,8 @@ class ScratchPrefix {
 public:
     ScratchPrefix() : previous_(platform::WinePrefix()) {
         std::string pattern = (fs::temp_directory_path() / "wkestel-check-XXXXXX").string();
-        if (mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("cannot make a temporary directory");
+        if (mkdtemp(pattern.data()) == nullptr)
+            throw std::runtime_error("cannot make a temporary directory");
         root_ = pattern;
         fs::create_directories(WindowsDir());
         fs::create_directories(root_ / "dosdevices");
@@ -275,8 +267,17 @@ void Check(bool json, CliContext& ctx) {
     {
         ScratchPrefix scratch;
         for (const char* name : files) {
-            if (auto source = FindFileNoCase(windowsDir, name)) {
-                fs::copy_file(*source, scratch.WindowsDir() / source->filename());
+            // The file the profile functions would reach under the bare name.
+            const auto source = platform::FindEntryIgnoringCase(windowsDir, name);
+            if (source && fs::is_regular_file(*source)) {
+                std::error_code ec;
+                fs::copy_file(*source, scratch.WindowsDir() / source->filename(), ec);
+                if (ec) {
+                    ctx.err << "wkestel: cannot copy " << source->string() << ": " << ec.message()
+                            << '\n';
+                    ctx.exitCode = 2;
+                    return;
+                }
             }
         }
         scratch.Activate();
@@ -284,8 +285,8 @@ void Check(bool json, CliContext& ctx) {
         for (const char* name : files) before[name] = Snapshot(name);
         written = loaded.record->WriteAll();
         if (!written) {
-            writeError = LastProfileError().empty() ? LastFailedProfileWriteError()
-                                                    : LastProfileError();
+            writeError =
+                LastProfileError().empty() ? LastFailedProfileWriteError() : LastProfileError();
         }
         for (const char* name : files) {
             const std::vector<Change> fileChanges = Compare(name, before[name], Snapshot(name));
@@ -350,15 +351,28 @@ void Resave(CliContext& ctx) {
             << platform::WindowsDirectoryHostPath() << '\n';
 }
 
+// The commands report what went wrong instead of ending the program (a temporary directory
+// that cannot be made, memory).
+template <typename Command>
+void Guarded(CliContext& ctx, Command command) {
+    try {
+        command();
+    } catch (const std::exception& error) {
+        ctx.err << "wkestel: " << error.what() << '\n';
+        ctx.exitCode = 2;
+    }
+}
+
 }  // namespace
 
 void AddSettingsCommands(CLI::App& app, CliContext& ctx) {
     auto showJson = std::make_shared<bool>(false);
     auto* show = app.add_subcommand(
-        "show", "Every setting of every group as the editor reads it, level by level, with its\n"
-                "section, key and file");
+        "show",
+        "Every setting of every group as the editor reads it, level by level, with its\n"
+        "section, key and file");
     show->add_flag("--json", *showJson, "JSON output; keys are the record's field names");
-    show->callback([showJson, &ctx] { Show(*showJson, ctx); });
+    show->callback([showJson, &ctx] { Guarded(ctx, [&] { Show(*showJson, ctx); }); });
 
     auto checkJson = std::make_shared<bool>(false);
     auto* check = app.add_subcommand(
@@ -366,13 +380,13 @@ void AddSettingsCommands(CLI::App& app, CliContext& ctx) {
         "What a save would change in each file (section, key, old and new value, keys added),\n"
         "without writing. Exit 0 when nothing would change, 1 when something would");
     check->add_flag("--json", *checkJson, "JSON output");
-    check->callback([checkJson, &ctx] { Check(*checkJson, ctx); });
+    check->callback([checkJson, &ctx] { Guarded(ctx, [&] { Check(*checkJson, ctx); }); });
 
     auto* resave = app.add_subcommand(
         "resave",
         "Read every setting and write them all back, exactly as Save does after a change:\n"
         "the backup first (WZELKO.BAK), then every group's keys in order");
-    resave->callback([&ctx] { Resave(ctx); });
+    resave->callback([&ctx] { Guarded(ctx, [&] { Resave(ctx); }); });
 }
 
 }  // namespace wk::cli

@@ -13,9 +13,8 @@ public:
 
     LevelBuilder& Add(std::string field, std::string section, std::string key, SettingValue value,
                       const char* file = kWzelkoIni, std::string note = {}) {
-        level_.Entries.push_back(SettingEntry{std::move(field), std::move(section),
-                                              std::move(key), file, std::move(value),
-                                              std::move(note)});
+        level_.Entries.push_back(SettingEntry{std::move(field), std::move(section), std::move(key),
+                                              file, std::move(value), std::move(note)});
         return *this;
     }
     SettingsLevel Done() { return std::move(level_); }
@@ -24,8 +23,12 @@ private:
     SettingsLevel level_;
 };
 
-std::int64_t I(std::int32_t v) { return v; }
-std::int64_t U(std::uint32_t v) { return v; }
+std::int64_t I(std::int32_t v) {
+    return v;
+}
+std::int64_t U(std::uint32_t v) {
+    return v;
+}
 
 std::string Hex(std::uint32_t v) {
     char text[16];
@@ -35,13 +38,20 @@ std::string Hex(std::uint32_t v) {
 
 const char* MethodName(std::int32_t method) {
     switch (method) {
-        case 0: return "none";
-        case 1: return "QEN";
-        case 2: return "KV";
-        case 3: return "RHO";
-        case 4: return "controller";
-        case 5: return "MELDAX settings";
-        default: return "unknown";
+        case 0:
+            return "none";
+        case 1:
+            return "QEN";
+        case 2:
+            return "KV";
+        case 3:
+            return "RHO";
+        case 4:
+            return "controller";
+        case 5:
+            return "MELDAX settings";
+        default:
+            return "unknown";
     }
 }
 
@@ -51,18 +61,17 @@ std::vector<SettingsLevel> ListSettings(const SetupSettings& r) {
     std::vector<SettingsLevel> levels;
 
     LevelBuilder colours("ColourSettings");
-    colours.Add("Metric", "MEASURE INTERFACE", "MEASURE MODE METRIC/INCH", r.IsMetric(),
-                kWzelkoIni, r.IsMetric() ? "millimetres" : "inches");
+    colours.Add("Metric", "MEASURE INTERFACE", "MEASURE MODE METRIC/INCH", r.IsMetric(), kWzelkoIni,
+                r.IsMetric() ? "millimetres" : "inches");
     for (int i = 0; i < ColourSettings::kColourEntryCount; ++i) {
         const ColourEntry& entry = r.ColourTable[static_cast<std::size_t>(i)];
         const bool hasKey = i < ColourSettings::kColourKeyCount;
-        colours.Add("ColourTable[" + std::to_string(i) + "]",
-                    hasKey ? ColourSettings::kColourSection : "",
-                    hasKey ? ColourSettings::kColourKeys[static_cast<std::size_t>(i)] : "",
-                    ColourValue{ColourSettings::RedOf(entry.Colour),
-                                ColourSettings::GreenOf(entry.Colour),
-                                ColourSettings::BlueOf(entry.Colour), entry.Listed},
-                    kWzelkoIni, hasKey ? "" : "spare entry, not written");
+        colours.Add(
+            "ColourTable[" + std::to_string(i) + "]", hasKey ? ColourSettings::kColourSection : "",
+            hasKey ? ColourSettings::kColourKeys[static_cast<std::size_t>(i)] : "",
+            ColourValue{ColourSettings::RedOf(entry.Colour), ColourSettings::GreenOf(entry.Colour),
+                        ColourSettings::BlueOf(entry.Colour), entry.Listed},
+            kWzelkoIni, hasKey ? "" : "spare entry, not written");
     }
     levels.push_back(colours.Done());
 
@@ -131,12 +140,11 @@ std::vector<SettingsLevel> ListSettings(const SetupSettings& r) {
         .Add("PrintAtEndExec", "EXEC", "PRINT AT END EXEC", r.PrintAtEndExec)
         .Add("SelfAccelerators", "ELEMENTS MENU", "SELF ACCELERATORS", r.SelfAccelerators)
         .Add("UseLastMemories", "MACRO", "USE LAST MEMORIES", r.UseLastMemories)
-        .Add("LinearityErrDiameter", "OTHER", "LINEARITY ERROR", r.LinearityErrDiameter,
-             kWzelkoIni, r.LinearityErrDiameter ? "DIAMETER" : "RADIUS")
+        .Add("LinearityErrDiameter", "OTHER", "LINEARITY ERROR", r.LinearityErrDiameter, kWzelkoIni,
+             r.LinearityErrDiameter ? "DIAMETER" : "RADIUS")
         .Add("ForceRef0", "SELF TEACHING", "FORCE REF0", r.ForceRef0)
         .Add("GeoTolUseFormat", "GEO TOLERANCE", "USE FORMAT", r.GeoTolUseFormat)
-        .Add("GeoTolElementCreation", "MACRO", "GEO TOL ELEMENT CREATION",
-             r.GeoTolElementCreation)
+        .Add("GeoTolElementCreation", "MACRO", "GEO TOL ELEMENT CREATION", r.GeoTolElementCreation)
         .Add("WaitAtEndExecution", "EXEC", "WAIT AT END EXECUTION", r.WaitAtEndExecution)
         .Add("ImmediateDataInputWindow", "EXEC PROCEDURE", "IMMEDIATE DATA INPUT WINDOW",
              r.ImmediateDataInputWindow)
@@ -203,8 +211,9 @@ std::vector<SettingsLevel> ListSettings(const SetupSettings& r) {
     levels.push_back(directories.Done());
 
     LevelBuilder controller("ControllerSettings");
-    controller.Add("ControllerType", "Controller", "Type", r.ControllerType, kWzelkoIni,
-                   "read once, at construction; never written")
+    controller
+        .Add("ControllerType", "Controller", "Type", r.ControllerType, kWzelkoIni,
+             "read once, at construction; never written")
         .Add("BaseAddress", "Controller", "Base Address", U(r.BaseAddress), kWzelkoIni,
              Hex(r.BaseAddress))
         .Add("HardProbeCompensation", "Controller", "Hard Probe Compensation",
@@ -216,7 +225,8 @@ std::vector<SettingsLevel> ListSettings(const SetupSettings& r) {
         .Add("MaxMSpeed", "MACHINEPARAM", "Max mspeed", r.MaxMSpeed, kWzelkoIni, "mm/s")
         .Add("MaxAccel", "MACHINEPARAM", "Max accel", r.MaxAccel, kWzelkoIni, "mm/s2")
         .Add("UseIniMaxSpeeds", "MACHINEPARAM", "USE INI MAX SPEEDS AND ACCEL", r.UseIniMaxSpeeds,
-             kWzelkoIni, r.UseIniMaxSpeeds ? "limits from the setup file" : "limits from the controller")
+             kWzelkoIni,
+             r.UseIniMaxSpeeds ? "limits from the setup file" : "limits from the controller")
         .Add("IsQd32z", "CONTROLLER", "SUBTYPE", r.IsQd32z, kWzelkoIni,
              r.IsQd32z ? "QD32Z" : "R7NS");
     levels.push_back(controller.Done());

@@ -22,9 +22,9 @@ struct SettingEntry {
     std::string Field;    // stable name: the record's field (with the key for table entries)
     std::string Section;  // empty for a setting without a key (the spare colour entries)
     std::string Key;
-    std::string File;     // "WZELKO.INI" or "WZELKO32.INI"
+    std::string File;  // "WZELKO.INI" or "WZELKO32.INI"
     SettingValue Value;
-    std::string Note;     // how the value reads in the measuring application's terms, if useful
+    std::string Note;  // how the value reads in the measuring application's terms, if useful
 };
 
 struct SettingsLevel {

@@ -87,21 +87,37 @@ double ColourSettings::ParseLength(const std::string& text) const {
 namespace {
 
 #ifdef _WIN32
-void LockStream(std::FILE* file) { _lock_file(file); }
-void UnlockStream(std::FILE* file) { _unlock_file(file); }
-int GetCharUnlocked(std::FILE* file) { return _fgetc_nolock(file); }
+void LockStream(std::FILE* file) {
+    _lock_file(file);
+}
+void UnlockStream(std::FILE* file) {
+    _unlock_file(file);
+}
+int GetCharUnlocked(std::FILE* file) {
+    return _fgetc_nolock(file);
+}
 bool EndOrErrorUnlocked(std::FILE* source, std::FILE* target) {
     return std::feof(source) || std::ferror(source) || std::ferror(target);
 }
-void PutCharUnlocked(int c, std::FILE* file) { _fputc_nolock(c, file); }
+void PutCharUnlocked(int c, std::FILE* file) {
+    _fputc_nolock(c, file);
+}
 #else
-void LockStream(std::FILE* file) { flockfile(file); }
-void UnlockStream(std::FILE* file) { funlockfile(file); }
-int GetCharUnlocked(std::FILE* file) { return getc_unlocked(file); }
+void LockStream(std::FILE* file) {
+    flockfile(file);
+}
+void UnlockStream(std::FILE* file) {
+    funlockfile(file);
+}
+int GetCharUnlocked(std::FILE* file) {
+    return getc_unlocked(file);
+}
 bool EndOrErrorUnlocked(std::FILE* source, std::FILE* target) {
     return feof_unlocked(source) || ferror_unlocked(source) || ferror_unlocked(target);
 }
-void PutCharUnlocked(int c, std::FILE* file) { putc_unlocked(c, file); }
+void PutCharUnlocked(int c, std::FILE* file) {
+    putc_unlocked(c, file);
+}
 #endif
 
 // Copies one file character by character. The end-of-file test comes before the read, so
@@ -169,7 +185,7 @@ bool ColourSettings::Read() {
             ReadProfileText(kColourKeys[static_cast<std::size_t>(i)], ScratchText, 80,
                             kColourSection);
         }
-        if (EqualsNoCase(ScratchText, "NONE")) continue;  // "NONE": the default colour
+        if (EqualsIgnoringAsciiCase(ScratchText, "NONE")) continue;  // "NONE": the default colour
         std::sscanf(ScratchText, "%d,%d,%d", &red, &green, &blue);
         ColourEntry& entry = ColourTable[static_cast<std::size_t>(i)];
         entry.Colour = MakeColour(red, green, blue);
@@ -183,8 +199,8 @@ bool ColourSettings::Write() {
     BackupSettingsFiles();
     for (int i = 0; i < kColourKeyCount; ++i) {
         const std::uint32_t colour = ColourTable[static_cast<std::size_t>(i)].Colour;
-        std::snprintf(ScratchText, sizeof ScratchText, "%d,%d,%d", RedOf(colour),
-                      GreenOf(colour), BlueOf(colour));
+        std::snprintf(ScratchText, sizeof ScratchText, "%d,%d,%d", RedOf(colour), GreenOf(colour),
+                      BlueOf(colour));
         WriteProfileText(kColourKeys[static_cast<std::size_t>(i)], ScratchText, kColourSection);
     }
     return true;

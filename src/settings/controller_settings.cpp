@@ -24,7 +24,7 @@ ControllerSettings::ControllerSettings(const ControllerFlags& controllerFlags)
     : DirectorySettings(controllerFlags) {
     std::string type;
     ReadProfileString("Type", type, 80, "Controller");
-    if (!EqualsNoCase(type.c_str(), "NONE")) ControllerType = ToUpperAscii(type);
+    if (!EqualsIgnoringAsciiCase(type.c_str(), "NONE")) ControllerType = ToUpperAscii(type);
 }
 
 bool ControllerSettings::Read() {
@@ -39,9 +39,8 @@ bool ControllerSettings::Read() {
     // Read with the profile function directly, but written through the helper: the
     // measuring application's code has it so, and both reach WZELKO.INI.
     char subtype[80];
-    GetPrivateProfileStringA("CONTROLLER", "SUBTYPE", "R7NS", subtype, sizeof subtype,
-                             kWzelkoIni);
-    IsQd32z = EqualsNoCase(subtype, "QD32Z");
+    GetPrivateProfileStringA("CONTROLLER", "SUBTYPE", "R7NS", subtype, sizeof subtype, kWzelkoIni);
+    IsQd32z = EqualsIgnoringAsciiCase(subtype, "QD32Z");
     ReadProfileText("Base Address", ScratchText, 256, "Controller");
     unsigned address = 0;
     if (std::sscanf(ScratchText, "%x", &address) == 1) BaseAddress = address;

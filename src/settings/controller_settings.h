@@ -22,9 +22,9 @@ public:
     std::int32_t RightButtonFunction = 1;   // "Button1"
     std::int32_t MiddleButtonFunction = 4;  // "Button2"
     std::int32_t LeftButtonFunction = 3;    // "Button3"
-    double MaxPSpeed = 0.0;  // mm/s
-    double MaxMSpeed = 0.0;  // mm/s
-    double MaxAccel = 0.0;   // mm/s2
+    double MaxPSpeed = 0.0;                 // mm/s
+    double MaxMSpeed = 0.0;                 // mm/s
+    double MaxAccel = 0.0;                  // mm/s2
     // True: the three limits come from the settings file; false: from the controller.
     bool UseIniMaxSpeeds = false;
     bool IsQd32z = false;  // "SUBTYPE" "QD32Z" rather than "R7NS"

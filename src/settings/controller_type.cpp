@@ -7,10 +7,11 @@ namespace wk {
 ControllerFlags ControllerFlagsFromType(const std::string& type) {
     const char* t = type.c_str();
     ControllerFlags flags;
-    flags.IsQd32OrRmd = EqualsNoCase(t, "qd32") || EqualsNoCase(t, "RMD");
-    flags.IsVek3Family = EqualsNoCase(t, "Tq") || EqualsNoCase(t, "Q5") || EqualsNoCase(t, "Vek3");
-    flags.IsKpt = EqualsNoCase(t, "KPT");
-    flags.IsRmdOrKpt = EqualsNoCase(t, "RMD") || EqualsNoCase(t, "KPT");
+    flags.IsQd32OrRmd = EqualsIgnoringAsciiCase(t, "qd32") || EqualsIgnoringAsciiCase(t, "RMD");
+    flags.IsVek3Family = EqualsIgnoringAsciiCase(t, "Tq") || EqualsIgnoringAsciiCase(t, "Q5") ||
+                         EqualsIgnoringAsciiCase(t, "Vek3");
+    flags.IsKpt = EqualsIgnoringAsciiCase(t, "KPT");
+    flags.IsRmdOrKpt = EqualsIgnoringAsciiCase(t, "RMD") || EqualsIgnoringAsciiCase(t, "KPT");
     return flags;
 }
 

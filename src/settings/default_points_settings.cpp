@@ -5,8 +5,8 @@
 namespace wk {
 
 const std::array<const char*, DefaultPointsSettings::kElementCount>
-    DefaultPointsSettings::kElementKeys = {"CIRCLE", "SPHERE", "CYLINDER", "CONE",
-                                           "LINE",   "PLANE",  "PARAB",    "SLOT",
+    DefaultPointsSettings::kElementKeys = {"CIRCLE", "SPHERE",  "CYLINDER",     "CONE",
+                                           "LINE",   "PLANE",   "PARAB",        "SLOT",
                                            "SQSLOT", "ELLIPSE", "CIRC_NOT_ALI", "TORUS"};
 
 const std::array<std::uint32_t, DefaultPointsSettings::kElementCount>

@@ -14,7 +14,7 @@ bool DirectorySettings::Read() {
     for (std::size_t i = 0; i < 5; ++i) {
         ReadProfileText(keys[i], ScratchText, 80, kDirectorySection);
         // "NONE" in any case keeps the built-in directory; a missing key empties it.
-        if (!EqualsNoCase(ScratchText, "NONE")) *fields[i] = ToUpperAscii(ScratchText);
+        if (!EqualsIgnoringAsciiCase(ScratchText, "NONE")) *fields[i] = ToUpperAscii(ScratchText);
     }
     return true;
 }

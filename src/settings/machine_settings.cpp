@@ -72,7 +72,7 @@ void MachineSettings::ReadVolcompMethod() {
 void MachineSettings::WriteVolcompMethod() {
     const bool known = VolcompMethod >= 0 && VolcompMethod <= 5;
     WriteProfileKey("COMPENS", "METHOD", known ? kMethodWords[VolcompMethod + 1] : "UNK",
-                               kWzelko32Ini);
+                    kWzelko32Ini);
     if (VolcompMethod == 1 || VolcompMethod == 2) LegacyMethod = VolcompMethod;
     // The older file knows only the two brands: it always names one of them.
     WriteProfileKey("COMPENS", "METHOD", LegacyMethod == 2 ? "KV" : "QEN", kWzelkoIni);
@@ -91,9 +91,9 @@ bool MachineSettings::Read() {
     // "NONE" stands for the built-in name, which the next write stores in its place; any
     // other text, an empty one included, is the name.
     ReadProfileText("COSDAT FNAME", ScratchText, 80, "MACHINEPARAM");
-    if (!EqualsNoCase(ScratchText, "NONE")) CosDatFileName = ToUpperAscii(ScratchText);
+    if (!EqualsIgnoringAsciiCase(ScratchText, "NONE")) CosDatFileName = ToUpperAscii(ScratchText);
     ReadProfileText("COMPENS FILE NAME", ScratchText, 80, "COMPENS");
-    if (!EqualsNoCase(ScratchText, "NONE")) CompensFileName = ToUpperAscii(ScratchText);
+    if (!EqualsIgnoringAsciiCase(ScratchText, "NONE")) CompensFileName = ToUpperAscii(ScratchText);
 
     ReadProfileText("DIST APPROACH", ScratchText, 20, "MACHINEPARAM");
     ScanDouble(ScratchText, DistApproach);
@@ -140,7 +140,7 @@ bool MachineSettings::Read() {
     Ph9Type = ProfileInt("PH9", "TYPE", 0, kWzelko32Ini);
 
     ReadProfileText("PORT", ScratchText, 20, "Ph9");
-    if (EqualsNoCase(ScratchText, "NONE")) {
+    if (EqualsIgnoringAsciiCase(ScratchText, "NONE")) {
         // No line given: the head sits on the CMM's port number, with the usual line settings.
         const int number = cmmPortNumber > 8 ? 1 : cmmPortNumber;
         Ph9Serial = (kDefaultPh9Serial & ~kPh9PortMask) |
@@ -186,19 +186,33 @@ std::string MachineSettings::Ph9SerialText(std::uint32_t serial) {
     const std::uint32_t speedCode = (serial & kPh9SpeedMask) >> 4;
     if (speedCode < 8) text += kSpeedTexts[speedCode];
     switch (serial & kPh9ParityMask) {
-        case 0x000: text += "N,"; break;
-        case kPh9ParityEven: text += "E,"; break;
-        case kPh9ParityOdd: text += "O,"; break;
-        default: break;
+        case 0x000:
+            text += "N,";
+            break;
+        case kPh9ParityEven:
+            text += "E,";
+            break;
+        case kPh9ParityOdd:
+            text += "O,";
+            break;
+        default:
+            break;
     }
     static constexpr const char* kDataTexts[] = {"5,", "6,", "7,", "8,"};
     const std::uint32_t dataCode = (serial & kPh9DataMask) >> 12;
     if (dataCode < 4) text += kDataTexts[dataCode];
     switch (serial & kPh9StopMask) {
-        case 0x000: text += "1"; break;
-        case 0x400: text += "1.5"; break;
-        case 0x800: text += "2"; break;
-        default: break;
+        case 0x000:
+            text += "1";
+            break;
+        case 0x400:
+            text += "1.5";
+            break;
+        case 0x800:
+            text += "2";
+            break;
+        default:
+            break;
     }
     return text;
 }

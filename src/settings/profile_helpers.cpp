@@ -10,8 +10,8 @@ namespace wk {
 
 namespace {
 
-std::uint32_t ReadTextFrom(const char* fileName, const char* key, char* buffer,
-                           std::uint32_t size, const char* section) {
+std::uint32_t ReadTextFrom(const char* fileName, const char* key, char* buffer, std::uint32_t size,
+                           const char* section) {
     if (buffer == nullptr || size == 0) return 0;
     std::uint32_t length =
         GetPrivateProfileStringA(section, key, kMissingKeyMark, buffer, size, fileName);
@@ -53,9 +53,13 @@ bool WriteProfileKey(const char* section, const char* key, const char* value,
     return Counted(WritePrivateProfileStringA(section, key, value, fileName));
 }
 
-std::uint64_t FailedProfileWrites() { return failedWrites; }
+std::uint64_t FailedProfileWrites() {
+    return failedWrites;
+}
 
-const std::string& LastFailedProfileWriteError() { return lastFailedWriteError; }
+const std::string& LastFailedProfileWriteError() {
+    return lastFailedWriteError;
+}
 
 std::uint32_t ReadProfileInt(const char* key, std::int32_t defaultValue, const char* section) {
     return GetPrivateProfileIntA(section, key, defaultValue, kSettingsFileName);
@@ -84,7 +88,7 @@ std::uint32_t ReadProfileString32(const char* key, std::string& value, std::uint
 bool ReadProfileBool(const char* key, const char* section, const char* word) {
     char text[40];
     ReadProfileText(key, text, sizeof text, section);
-    return EqualsNoCase(text, word != nullptr ? word : "TRUE");
+    return EqualsIgnoringAsciiCase(text, word != nullptr ? word : "TRUE");
 }
 
 bool WriteProfileUInt(const char* key, std::uint32_t value, const char* section) {
@@ -103,24 +107,6 @@ bool WriteProfileString(const char* key, const std::string& value, const char* s
 
 bool WriteProfileBool(const char* key, bool value, const char* section) {
     return WriteProfileText(key, value ? "TRUE" : "FALSE", section);
-}
-
-bool EqualsNoCase(const char* a, const char* b) {
-    for (;; ++a, ++b) {
-        char ca = *a;
-        char cb = *b;
-        if (ca >= 'a' && ca <= 'z') ca = static_cast<char>(ca - 'a' + 'A');
-        if (cb >= 'a' && cb <= 'z') cb = static_cast<char>(cb - 'a' + 'A');
-        if (ca != cb) return false;
-        if (ca == '\0') return true;
-    }
-}
-
-std::string ToUpperAscii(std::string text) {
-    for (char& c : text) {
-        if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
-    }
-    return text;
 }
 
 }  // namespace wk

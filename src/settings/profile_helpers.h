@@ -12,6 +12,9 @@
 #include <cstdint>
 #include <string>
 
+// The settings compare and upper-case their words with the ASCII case rule of the files.
+#include "platform/ascii_case.h"
+
 namespace wk {
 
 // The default passed to every string and boolean read; a result equal to it is a missing key.
@@ -52,18 +55,12 @@ bool WriteProfileBool(const char* key, bool value, const char* section);
 // A profile write to a file named by the caller ("WZELKO.INI", "WZELKO32.INI"), for the
 // keys the measuring application writes with the profile functions directly. Returns
 // success, and counts a failure as the helpers do.
-bool WriteProfileKey(const char* section, const char* key, const char* value,
-                     const char* fileName);
+bool WriteProfileKey(const char* section, const char* key, const char* value, const char* fileName);
 
 // The groups go on after a failed write, as the measuring application does; a whole-record
 // write compares this count before and after to learn whether every key was written.
 std::uint64_t FailedProfileWrites();
 // Why the most recent failed write of this thread failed (LastProfileError() at the time).
 const std::string& LastFailedProfileWriteError();
-
-// ASCII comparison without regard to case, as the measuring application compares its words.
-bool EqualsNoCase(const char* a, const char* b);
-// The text in upper case (ASCII letters only; other bytes of the ANSI code page kept).
-std::string ToUpperAscii(std::string text);
 
 }  // namespace wk

@@ -18,12 +18,11 @@ void ScanDouble(const char* text, double& value) {
     if (std::sscanf(text, "%lf", &scanned) == 1) value = scanned;
 }
 
-// Part 4.1's file-name rule: "NONE" in any case keeps the name, any other text (an empty
-// one included) is the name in upper case.
-void ReadNameKeepingOnNone(const char* key, const char* section, char* buffer,
-                           std::string& name) {
+// The system parameters' file-name rule: "NONE" in any case keeps the name, any other text (an
+// empty one included) is the name in upper case.
+void ReadNameKeepingOnNone(const char* key, const char* section, char* buffer, std::string& name) {
     ReadProfileText(key, buffer, 80, section);
-    if (!EqualsNoCase(buffer, "NONE")) name = ToUpperAscii(buffer);
+    if (!EqualsIgnoringAsciiCase(buffer, "NONE")) name = ToUpperAscii(buffer);
 }
 
 }  // namespace
@@ -47,7 +46,8 @@ bool SystemSettings::Read() {
     MachineSettings::Read();
 
     ReadProfileText("LANGUAGE", ScratchText, 20, "Wzelko");
-    LanguageCode = EqualsNoCase(ScratchText, "NONE") ? std::string("ENG") : ToUpperAscii(ScratchText);
+    LanguageCode = EqualsIgnoringAsciiCase(ScratchText, "NONE") ? std::string("ENG")
+                                                                : ToUpperAscii(ScratchText);
     FenWire = ReadProfileBool("FENWIRE", "TOOL");
     Tp200 = ReadProfileBool("TP200", "MEASUREPARAM");
     ReadProfileText("DIASFERACAL", ScratchText, 20, "SYSTEMPARAM");
@@ -59,13 +59,13 @@ bool SystemSettings::Read() {
     if (AutoSave > 7) AutoSave = 0;  // unsigned: a negative number is out of range too
 
     ReadProfileText("TRUEPOSERR", ScratchText, 80, "OTHER");
-    TruePosErrDiameter = EqualsNoCase(ToUpperAscii(ScratchText).c_str(), "DIAMETER");
+    TruePosErrDiameter = EqualsIgnoringAsciiCase(ToUpperAscii(ScratchText).c_str(), "DIAMETER");
     DoubleFormErr = ReadProfileBool("DOUBLEFORMERR", "OTHER");
     DosPpCompatibility = ReadProfileBool("ZELKO DOS PP COMPATIBILITY", "SYSTEMPARAM");
     ReadProfileText("3D LINE COMPENS", ScratchText, 80, "SYSTEMPARAM");
-    if (EqualsNoCase(ScratchText, "USING SELPL")) {
+    if (EqualsIgnoringAsciiCase(ScratchText, "USING SELPL")) {
         Line3dCompens = 0;
-    } else if (EqualsNoCase(ScratchText, "SHOULD MODE")) {
+    } else if (EqualsIgnoringAsciiCase(ScratchText, "SHOULD MODE")) {
         Line3dCompens = 1;
     }
     ReadProfileText("THRESHOLD ANG MIDDLE REL", ScratchText, 20, "SYSTEMPARAM");
@@ -75,7 +75,7 @@ bool SystemSettings::Read() {
     SelfAccelerators = ReadProfileBool("SELF ACCELERATORS", "ELEMENTS MENU");
     UseLastMemories = ReadProfileBool("USE LAST MEMORIES", "MACRO");
     ReadProfileText("LINEARITY ERROR", ScratchText, 80, "OTHER");
-    LinearityErrDiameter = EqualsNoCase(ToUpperAscii(ScratchText).c_str(), "DIAMETER");
+    LinearityErrDiameter = EqualsIgnoringAsciiCase(ToUpperAscii(ScratchText).c_str(), "DIAMETER");
     ForceRef0 = ReadProfileBool("FORCE REF0", "SELF TEACHING");
     GeoTolUseFormat = ReadProfileBool("USE FORMAT", "GEO TOLERANCE");
     GeoTolElementCreation = ReadProfileBool("GEO TOL ELEMENT CREATION", "MACRO");

@@ -27,7 +27,7 @@ public:
     std::string RefSysFileName = "REFSYS.REF";
     std::string MemoryFileName = "MEMORY.MEM";
     std::string GraphPrinter;
-    std::uint32_t AutoSave = 0;  // code 0-7
+    std::uint32_t AutoSave = 0;      // code 0-7
     bool TruePosErrDiameter = true;  // false: radius
     bool DoubleFormErr = true;
     bool DosPpCompatibility = false;

@@ -1,9 +1,8 @@
 // `wkestel show | check | resave` through the runner, with captured streams.
 #include <gtest/gtest.h>
 
-#include <nlohmann/json.hpp>
-
 #include <filesystem>
+#include <nlohmann/json.hpp>
 
 #include "cli_test_support.h"
 #include "support/file_bytes.h"
@@ -52,10 +51,9 @@ TEST_F(SettingsCommandsTest, ShowListsEveryLevelWithSectionKeyAndFile) {
     DemoFiles();
     const auto result = RunCli({"show"});
     ASSERT_EQ(result.exitCode, 0) << result.err;
-    for (const char* level :
-         {"ColourSettings", "MachineSettings", "SystemSettings", "InitSettings",
-          "MechOffsetSettings", "DefaultPointsSettings", "SoundSettings", "DirectorySettings",
-          "ControllerSettings", "AxesConvSettings"}) {
+    for (const char* level : {"ColourSettings", "MachineSettings", "SystemSettings", "InitSettings",
+                              "MechOffsetSettings", "DefaultPointsSettings", "SoundSettings",
+                              "DirectorySettings", "ControllerSettings", "AxesConvSettings"}) {
         EXPECT_NE(result.out.find(std::string("\n") + level + "\n"), std::string::npos) << level;
     }
     EXPECT_NE(result.out.find("Controller type: \"RMD\" (accepts TCP/IP)"), std::string::npos);
@@ -165,6 +163,43 @@ TEST_F(SettingsCommandsTest, ResaveTakesTheBackupAndWritesEveryGroup) {
     EXPECT_EQ(RunCli({"profile", "get", "WZELKO32.INI", "COMPENS", "METHOD"}).out, "QEN\n");
     // Untouched lines stay: the comment is still the first line.
     EXPECT_EQ(prefix.ReadWindowsFile("WZELKO.INI").rfind("; test machine\r\n[CONTROLLER]\r\n", 0),
+              0u);
+}
+
+TEST_F(SettingsCommandsTest, ResaveOfTheDemoMachineKeepsEveryByte) {
+    DemoFiles();
+    const std::string before = prefix.ReadWindowsFile("WZELKO.INI");
+    const std::string before32 = prefix.ReadWindowsFile("WZELKO32.INI");
+    const auto result = RunCli({"resave"});
+    ASSERT_EQ(result.exitCode, 0) << result.err;
+    EXPECT_EQ(prefix.ReadWindowsFile("WZELKO.INI"), before);
+    EXPECT_EQ(prefix.ReadWindowsFile("WZELKO32.INI"), before32);
+    EXPECT_EQ(prefix.ReadWindowsFile("WZELKO.BAK"), before + '\xFF');
+}
+
+// New keys of a known section go after its last key line; every line that was there stays.
+TEST_F(SettingsCommandsTest, ResaveKeepsCommentsUnknownSectionsAndUnknownKeysByteForByte) {
+    const std::string head =
+        "; Settings of the measuring application\r\n"
+        "\r\n"
+        "[CUSTOMER]\r\n"
+        "NAME=Officine Rossi\r\n"
+        "; keep this\r\n"
+        "[CMM]\r\n"
+        "PORT=COM2:\r\n"
+        "VENDOR NOTE=  spaced value  \r\n";
+    const std::string tail =
+        "; trailing comment of CMM\r\n"
+        "\r\n"
+        "[ZZ UNKNOWN]\n"
+        "lf only=1\n";
+    Files(head + tail, "; 32-bit\r\n[UNKNOWN32]\r\nA=B\r\n");
+    ASSERT_EQ(RunCli({"resave"}).exitCode, 0);
+    const std::string after = prefix.ReadWindowsFile("WZELKO.INI");
+    EXPECT_EQ(after.rfind(head, 0), 0u) << after;
+    EXPECT_NE(after.find("USESOCKET=0\r\nRESOLUTION=0.000100\r\n" + tail), std::string::npos)
+        << after;
+    EXPECT_EQ(prefix.ReadWindowsFile("WZELKO32.INI").rfind("; 32-bit\r\n[UNKNOWN32]\r\nA=B\r\n", 0),
               0u);
 }
 

@@ -54,8 +54,8 @@ TEST_F(ColourSettingsTest, NoneInAnyCaseKeepsWhiteAndTheNextSaveWrites255255255)
 }
 
 TEST_F(ColourSettingsTest, ComponentsThatDoNotScanKeepThePreviousWindowsValues) {
-    File(Crlf({"[WINDOWS BACKGROUND]", "MAIN WINDOW=10,20,30", "INIT WINDOW=40",
-               "EXECUTION WINDOW=x"}));
+    File(Crlf(
+        {"[WINDOWS BACKGROUND]", "MAIN WINDOW=10,20,30", "INIT WINDOW=40", "EXECUTION WINDOW=x"}));
     auto record = ReadRecord();
     EXPECT_EQ(record->ColourTable[1].Colour, ColourSettings::MakeColour(40, 20, 30));
     EXPECT_EQ(record->ColourTable[2].Colour, ColourSettings::MakeColour(40, 20, 30));

@@ -22,7 +22,8 @@ protected:
     SettingsTestPrefix prefix;
 };
 
-TEST_F(DefaultPointsSettingsTest, MissingSectionYieldsDefaultsAndWriteStoresFourForCircleUpToThirteenForTorus) {
+TEST_F(DefaultPointsSettingsTest,
+       MissingSectionYieldsDefaultsAndWriteStoresFourForCircleUpToThirteenForTorus) {
     File("");
     auto record = ReadRecord();
     const std::uint32_t expected[] = {4, 5, 8, 7, 3, 4, 7, 6, 9, 6, 8, 13};
@@ -33,10 +34,11 @@ TEST_F(DefaultPointsSettingsTest, MissingSectionYieldsDefaultsAndWriteStoresFour
                   std::to_string(expected[i]));
     }
     const std::string file = prefix.ReadFile("WZELKO.INI");
-    EXPECT_NE(file.find("[DEFAULT PTS]\r\nCIRCLE=4\r\nSPHERE=5\r\nCYLINDER=8\r\nCONE=7\r\nLINE=3\r\n"
-                        "PLANE=4\r\nPARAB=7\r\nSLOT=6\r\nSQSLOT=9\r\nELLIPSE=6\r\n"
-                        "CIRC_NOT_ALI=8\r\nTORUS=13\r\n"),
-              std::string::npos);
+    EXPECT_NE(
+        file.find("[DEFAULT PTS]\r\nCIRCLE=4\r\nSPHERE=5\r\nCYLINDER=8\r\nCONE=7\r\nLINE=3\r\n"
+                  "PLANE=4\r\nPARAB=7\r\nSLOT=6\r\nSQSLOT=9\r\nELLIPSE=6\r\n"
+                  "CIRC_NOT_ALI=8\r\nTORUS=13\r\n"),
+        std::string::npos);
 }
 
 TEST_F(DefaultPointsSettingsTest, CircleTwoIsIgnoredAndThreeIsTaken) {

@@ -95,8 +95,8 @@ TEST_F(InitSettingsTest, MissingPartProgramKeysEmptyTheNames) {
 // The start-up level reads the three system file names a second time, heeding case: a
 // lower-case "none", which the system parameters took for "NONE", becomes the name "NONE".
 TEST_F(InitSettingsTest, SecondReadOfSystemFileNamesTakesLowerCaseNoneAsTheNameNone) {
-    File(Crlf({"[SYSTEMPARAM]", "QUALIFILENAME=none", "REFSYSFILENAME=NONE",
-               "MEMORYFILENAME=mem.mem"}));
+    File(Crlf(
+        {"[SYSTEMPARAM]", "QUALIFILENAME=none", "REFSYSFILENAME=NONE", "MEMORYFILENAME=mem.mem"}));
     auto record = ReadRecord();
     EXPECT_EQ(record->QualiFileName, "NONE");
     EXPECT_EQ(record->RefSysFileName, "REFSYS.REF");

@@ -98,8 +98,8 @@ TEST_F(MachineSettingsTest, UseSocketWithControllerWithoutTcpipKeepsComPort) {
 }
 
 TEST_F(MachineSettingsTest, UseSocketWithTcpipControllerSelectsTcpipAndRewritesOnlyTcpipKeys) {
-    Files(Crlf({"[CMM]", "PORT=COM4:", "USESOCKET=1", "TCPIP Address=10.1.2.3",
-                "TCPIP Port=0x10"}));
+    Files(
+        Crlf({"[CMM]", "PORT=COM4:", "USESOCKET=1", "TCPIP Address=10.1.2.3", "TCPIP Port=0x10"}));
     auto record = ReadRecord(TcpipController());
     EXPECT_EQ(record->PortIndex, MachineSettings::kTcpipPortIndex);
     EXPECT_EQ(record->TcpipAddress, "10.1.2.3");

@@ -33,7 +33,8 @@ TEST_F(MechOffsetSettingsTest, OffxNoneReadsAsZeroAndIsWrittenBackAsZeroNumber) 
     EXPECT_EQ(ValueIn(kWzelkoIni, "MECHAOFFS", "offy"), "1.250000");
 }
 
-TEST_F(MechOffsetSettingsTest, MissingMechaoffsSectionLeavesOffsetsZeroAndBridgeStrokeComesFromMachineparam) {
+TEST_F(MechOffsetSettingsTest,
+       MissingMechaoffsSectionLeavesOffsetsZeroAndBridgeStrokeComesFromMachineparam) {
     File(Crlf({"[MACHINEPARAM]", "BRIDGE AXIS STROKE=1500.5"}));
     auto record = ReadRecord();
     EXPECT_DOUBLE_EQ(record->OffsetX, 0.0);

@@ -20,7 +20,9 @@ public:
         WriteWindowsFile(name, bytes);
     }
     std::string ReadFile(const std::string& name) const { return ReadFileBytes(WindowsFile(name)); }
-    bool Exists(const std::string& name) const { return std::filesystem::exists(WindowsFile(name)); }
+    bool Exists(const std::string& name) const {
+        return std::filesystem::exists(WindowsFile(name));
+    }
 };
 
 // A value of a file as the platform reads it; "<missing>" when the key is absent.
@@ -47,6 +49,8 @@ inline std::unique_ptr<SetupSettings> ReadRecord(const ControllerFlags& flags = 
     return record;
 }
 
-inline ControllerFlags TcpipController() { return ControllerFlagsFromType("RMD"); }
+inline ControllerFlags TcpipController() {
+    return ControllerFlagsFromType("RMD");
+}
 
 }  // namespace wk::test

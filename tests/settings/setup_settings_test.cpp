@@ -47,7 +47,8 @@ TEST_F(SetupSettingsTest, FileWithoutMeasureInterfaceShowsEveryLengthInInches) {
     EXPECT_DOUBLE_EQ(record.ParseLength("1"), 25.4);
 }
 
-TEST_F(SetupSettingsTest, MetricFormatLengthOfOneAndAHalfWithWidthAndPrecisionZeroGivesSixDecimals) {
+TEST_F(SetupSettingsTest,
+       MetricFormatLengthOfOneAndAHalfWithWidthAndPrecisionZeroGivesSixDecimals) {
     Files(Crlf({"[MEASURE INTERFACE]", "MEASURE MODE METRIC/INCH=metric"}));
     SetupSettings record{ControllerFlags{}};
     EXPECT_TRUE(record.IsMetric());

@@ -35,8 +35,8 @@ TEST(StrToFloat, TextThatIsNotANumberRaisesConversionErrorWithTheToolkitMessage)
 }
 
 TEST(StrToFloat, RejectsEmptyPartialAndOverflowingTexts) {
-    for (const char* text : {"", "   ", "1.2.3", "12abc", "1e", "-", "e5", "1e999", "nan", "inf",
-                             "1 2"}) {
+    for (const char* text :
+         {"", "   ", "1.2.3", "12abc", "1e", "-", "e5", "1e999", "nan", "inf", "1 2"}) {
         EXPECT_THROW(StrToFloat(text), ConversionError) << text;
     }
 }
