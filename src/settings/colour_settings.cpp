@@ -146,8 +146,12 @@ std::optional<bool> CopyForBackup(const char* sourceName, const char* targetName
     }
     // A read or write error (a directory in the file's place, a full disk) ends the copy
     // too: the end-of-file indicator alone would never be set then.
-    // One character at a time as always, without taking the stream locks per character
-    // (nothing else uses these streams): a 1 MB file then copies in milliseconds.
+    // One character at a time as always, through large stream buffers and without taking the
+    // stream locks per character (nothing else uses these streams): a 1 MB file then copies
+    // in milliseconds.
+    static constexpr std::size_t kBufferSize = 1 << 16;
+    std::setvbuf(source, nullptr, _IOFBF, kBufferSize);
+    std::setvbuf(target, nullptr, _IOFBF, kBufferSize);
     LockStream(source);
     LockStream(target);
     while (!EndOrErrorUnlocked(source, target)) {
