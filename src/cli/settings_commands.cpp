@@ -20,6 +20,7 @@
 #include "cli/windows_directory_check.h"
 #include "platform/file_lookup.h"
 #include "platform/profile.h"
+#include "platform/text_codec.h"
 #include "platform/windows_directory.h"
 #include "settings/controller_type.h"
 #include "settings/profile_helpers.h"
@@ -68,12 +69,17 @@ std::string ValueText(const SettingValue& value) {
     return std::visit(Visitor{}, value);
 }
 
+// JSON is UTF-8; the files are in the ANSI code page (Windows-1252).
+Json Text(const std::string& ansi) {
+    return platform::AnsiToUtf8(ansi);
+}
+
 Json ValueJson(const SettingValue& value) {
     struct Visitor {
         Json operator()(bool v) const { return v; }
         Json operator()(std::int64_t v) const { return v; }
         Json operator()(double v) const { return v; }
-        Json operator()(const std::string& v) const { return v; }
+        Json operator()(const std::string& v) const { return Text(v); }
         Json operator()(const ColourValue& v) const {
             return Json{{"red", v.Red}, {"green", v.Green}, {"blue", v.Blue}, {"listed", v.Listed}};
         }
@@ -82,12 +88,10 @@ Json ValueJson(const SettingValue& value) {
 }
 
 Json ControllerJson(const LoadedRecord& loaded) {
-    return Json{{"type", loaded.controllerType},
-                {"IsQd32OrRmd", loaded.flags.IsQd32OrRmd},
-                {"IsVek3Family", loaded.flags.IsVek3Family},
-                {"IsKpt", loaded.flags.IsKpt},
-                {"IsRmdOrKpt", loaded.flags.IsRmdOrKpt},
-                {"AcceptsTcpip", loaded.flags.AcceptsTcpip()}};
+    return Json{
+        {"type", Text(loaded.controllerType)},       {"IsQd32OrRmd", loaded.flags.IsQd32OrRmd},
+        {"IsVek3Family", loaded.flags.IsVek3Family}, {"IsKpt", loaded.flags.IsKpt},
+        {"IsRmdOrKpt", loaded.flags.IsRmdOrKpt},     {"AcceptsTcpip", loaded.flags.AcceptsTcpip()}};
 }
 
 void Show(bool json, CliContext& ctx) {
@@ -104,12 +108,12 @@ void Show(bool json, CliContext& ctx) {
                            {"section", entry.Section},
                            {"key", entry.Key},
                            {"file", entry.File}};
-                if (!entry.Note.empty()) field["note"] = entry.Note;
+                if (!entry.Note.empty()) field["note"] = Text(entry.Note);
                 fields[entry.Field] = std::move(field);
             }
             levelsJson[level.Name] = std::move(fields);
         }
-        const Json document{{"windowsDirectory", platform::WindowsDirectoryHostPath()},
+        const Json document{{"windowsDirectory", Text(platform::WindowsDirectoryHostPath())},
                             {"controller", ControllerJson(loaded)},
                             {"levels", std::move(levelsJson)}};
         ctx.out << document.dump(2) << '\n';
@@ -302,9 +306,9 @@ void Check(bool json, CliContext& ctx) {
     if (json) {
         Json list = Json::array();
         for (const Change& c : changes) {
-            Json item{{"file", c.file}, {"section", c.section}, {"key", c.key}};
-            item["old"] = c.added ? Json(nullptr) : Json(c.oldValue);
-            item["new"] = c.removed ? Json(nullptr) : Json(c.newValue);
+            Json item{{"file", c.file}, {"section", Text(c.section)}, {"key", Text(c.key)}};
+            item["old"] = c.added ? Json(nullptr) : Text(c.oldValue);
+            item["new"] = c.removed ? Json(nullptr) : Text(c.newValue);
             item["change"] = c.added ? "added" : c.removed ? "removed" : "changed";
             list.push_back(std::move(item));
         }

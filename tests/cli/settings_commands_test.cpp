@@ -80,6 +80,22 @@ TEST_F(SettingsCommandsTest, ShowJsonKeysAreTheRecordsFieldNames) {
     EXPECT_EQ(json.at("controller").at("AcceptsTcpip"), false);
 }
 
+TEST_F(SettingsCommandsTest, JsonGivesAnsiTextAsUtf8) {
+    Files(Crlf({"[GraphOutput]", "Printer=Imprimante \xE9tage 2", "[CUSTOMER \xC9]", "X=\xE0"}),
+          "");
+    const auto shown = RunCli({"show", "--json"});
+    ASSERT_EQ(shown.exitCode, 0) << shown.err;
+    EXPECT_EQ(nlohmann::json::parse(shown.out)
+                  .at("levels")
+                  .at("SystemSettings")
+                  .at("GraphPrinter")
+                  .at("value"),
+              "IMPRIMANTE \xC3\xA9TAGE 2");  // upper-cased as ASCII only, then UTF-8
+    const auto checked = RunCli({"check", "--json"});
+    EXPECT_EQ(checked.exitCode, 1) << checked.err;
+    EXPECT_NO_THROW(nlohmann::json::parse(checked.out));
+}
+
 TEST_F(SettingsCommandsTest, ShowHonoursThePrefixOption) {
     TempWinePrefix other;  // now the platform's prefix; the files are in `prefix`
     prefix.WriteWindowsFile("WZELKO.INI", Crlf({"[CMM]", "PORT=COM6:"}));
