@@ -8,6 +8,7 @@
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QTabBar>
 #include <QTest>
 #include <QTimer>
 #include <filesystem>
@@ -216,6 +217,28 @@ TEST_F(Frame, ChoosingTheMenuEntryOfThePageAlreadyShownStillAsks) {
     EXPECT_TRUE(AskedToSave());
     EXPECT_EQ(x->text(), QStringLiteral("7"));
     EXPECT_EQ(window_->PageCtl()->ActivePage()->objectName(), QStringLiteral("MecOffTabSheet"));
+}
+
+// The edit in progress is taken into the record before the question, so leaving the page with
+// nothing but a typed value still asks; Cancel keeps the sheet and what was typed.
+TEST_F(Frame, TypingAndClickingAnotherTabStoresTheEditFirstSoTheQuestionAppears) {
+    QLineEdit* x = Edit("pSLE_OffsetX");
+    TypeInto(x, QStringLiteral("4.5"));
+    ASSERT_FALSE(window_->Settings()->Modified);
+    QTabBar* tabs = window_->PageCtl()->TabBar();
+    QWidget* colours = window_->findChild<QWidget*>(QStringLiteral("WinColorTabSheet"));
+    ASSERT_NE(colours, nullptr);
+    const int colourTab = window_->PageCtl()->IndexOf(colours);
+    ASSERT_GE(colourTab, 0);
+    script_.Answer(IDCANCEL);
+    QTest::mouseClick(tabs, Qt::LeftButton, {}, tabs->tabRect(colourTab).center());
+    ASSERT_EQ(script_.Count(), 1);
+    EXPECT_TRUE(AskedToSave());
+    EXPECT_DOUBLE_EQ(window_->Settings()->OffsetX, 4.5);
+    EXPECT_TRUE(window_->Settings()->Modified);
+    EXPECT_EQ(window_->PageCtl()->ActivePage()->objectName(), QStringLiteral("MecOffTabSheet"));
+    EXPECT_EQ(x->text(), QStringLiteral("4.5"));
+    EXPECT_EQ(prefix_.ReadWindowsFile("WZELKO.INI"), original_);
 }
 
 TEST_F(Frame, AnsweringNoOnLeavingAPageReloadsTheFilesAndRefreshesThePage) {
