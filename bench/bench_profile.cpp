@@ -25,6 +25,7 @@
 #include "platform/profile.h"
 #include "platform/profile_document.h"
 #include "platform/profile_store.h"
+#include "platform/scratch_directory.h"
 #include "platform/windows_directory.h"
 
 namespace {
@@ -74,19 +75,13 @@ Sample Generate(std::size_t size, const std::string& fileName) {
 // The prefix the benchmarks read and write in, in a temporary directory.
 class BenchPrefix {
 public:
-    BenchPrefix() {
-        root_ = fs::temp_directory_path() / ("wkestel-bench-" + std::to_string(::getpid()));
-        fs::create_directories(root_ / "drive_c" / "windows");
-        wk::platform::SetWinePrefixOverride(root_.string());
+    BenchPrefix() : prefix_("wkestel-bench-") {
+        wk::platform::SetWinePrefixOverride(prefix_.Root().string());
     }
-    ~BenchPrefix() {
-        std::error_code ec;
-        fs::remove_all(root_, ec);
-    }
-    fs::path Path(const std::string& name) const { return root_ / "drive_c" / "windows" / name; }
+    fs::path Path(const std::string& name) const { return prefix_.WindowsDir() / name; }
 
 private:
-    fs::path root_;
+    wk::platform::ScratchWinePrefix prefix_;
 };
 
 BenchPrefix& Prefix() {

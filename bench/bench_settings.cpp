@@ -20,6 +20,7 @@
 #include <stdexcept>
 #include <string>
 
+#include "platform/scratch_directory.h"
 #include "platform/windows_directory.h"
 #include "settings/controller_type.h"
 #include "settings/setup_settings.h"
@@ -70,28 +71,20 @@ std::string Padding(std::size_t targetBytes) {
 
 class BenchPrefix {
 public:
-    explicit BenchPrefix(bool padded) {
-        std::string pattern = (fs::temp_directory_path() / "wkestel-bench-XXXXXX").string();
-        if (mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("mkdtemp failed");
-        root_ = pattern;
-        fs::create_directories(WindowsDir());
+    explicit BenchPrefix(bool padded) : prefix_("wkestel-bench-") {
         const fs::path demo = fs::path(WKESTEL_DEMO_PREFIX_DIR) / "drive_c" / "windows";
         std::string wzelko = ReadBytes(demo / "WZELKO.INI");
         if (padded) wzelko = Padding(1024 * 1024 - wzelko.size()) + wzelko;
         WriteBytes(WindowsDir() / "WZELKO.INI", wzelko);
         WriteBytes(WindowsDir() / "WZELKO32.INI", ReadBytes(demo / "WZELKO32.INI"));
-        wk::platform::SetWinePrefixOverride(root_.string());
+        wk::platform::SetWinePrefixOverride(prefix_.Root().string());
     }
-    ~BenchPrefix() {
-        wk::platform::SetWinePrefixOverride("");
-        std::error_code ignored;
-        fs::remove_all(root_, ignored);
-    }
-    fs::path WindowsDir() const { return root_ / "drive_c" / "windows"; }
+    ~BenchPrefix() { wk::platform::SetWinePrefixOverride(""); }
+    fs::path WindowsDir() const { return prefix_.WindowsDir(); }
     std::uintmax_t IniBytes() const { return fs::file_size(WindowsDir() / "WZELKO.INI"); }
 
 private:
-    fs::path root_;
+    wk::platform::ScratchWinePrefix prefix_;
 };
 
 std::unique_ptr<wk::SetupSettings> NewRecord() {

@@ -28,6 +28,7 @@
 #include <string>
 
 #include "platform/message_box.h"
+#include "platform/scratch_directory.h"
 #include "platform/windows_directory.h"
 #include "shell/kestel_main_wind.h"
 
@@ -35,19 +36,17 @@ namespace fs = std::filesystem;
 
 namespace {
 
+// A copy of the demo prefix, so that the measured start-ups read a realistic machine.
 class BenchPrefix {
 public:
-    BenchPrefix() {
-        std::string pattern = (fs::temp_directory_path() / "wkestel-bench-XXXXXX").string();
-        root_ = mkdtemp(pattern.data());
+    BenchPrefix() : root_(wk::platform::MakeScratchDirectory("wkestel-bench-")) {
         fs::copy(WKESTEL_DEMO_PREFIX, root_,
                  fs::copy_options::recursive | fs::copy_options::copy_symlinks);
         wk::platform::SetWinePrefixOverride(root_.string());
     }
     ~BenchPrefix() {
         wk::platform::SetWinePrefixOverride("");
-        std::error_code error;
-        fs::remove_all(root_, error);
+        wk::platform::RemoveScratchDirectory(root_);
     }
 
 private:

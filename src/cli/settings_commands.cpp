@@ -5,7 +5,6 @@
 
 #include <CLI/CLI.hpp>
 #include <cstdio>
-#include <cstdlib>
 #include <filesystem>
 #include <map>
 #include <memory>
@@ -18,8 +17,10 @@
 #include "cli/commands.h"
 #include "cli/settings_listing.h"
 #include "cli/windows_directory_check.h"
+#include "platform/ascii_case.h"
 #include "platform/file_lookup.h"
 #include "platform/profile.h"
+#include "platform/scratch_directory.h"
 #include "platform/text_codec.h"
 #include "platform/windows_directory.h"
 #include "settings/controller_type.h"
@@ -146,10 +147,6 @@ struct KeyValue {
     std::string section, key, value;
 };
 
-std::string Upper(std::string text) {
-    return ToUpperAscii(std::move(text));
-}
-
 // A NUL-separated listing of the profile functions, grown until it fits.
 std::vector<std::string> Listing(const char* section, const char* fileName) {
     for (std::uint32_t size = 4096;; size *= 4) {
@@ -179,10 +176,10 @@ std::vector<KeyValue> Snapshot(const char* fileName) {
     std::map<std::string, bool> seenSections;
     std::vector<char> value(65536, '\0');
     for (const std::string& section : Listing(nullptr, fileName)) {
-        if (!seenSections.emplace(Upper(section), true).second) continue;
+        if (!seenSections.emplace(ToUpperAscii(section), true).second) continue;
         std::map<std::string, bool> seenKeys;
         for (const std::string& key : Listing(section.c_str(), fileName)) {
-            if (!seenKeys.emplace(Upper(key), true).second) continue;
+            if (!seenKeys.emplace(ToUpperAscii(key), true).second) continue;
             const std::uint32_t n =
                 GetPrivateProfileStringA(section.c_str(), key.c_str(), "", value.data(),
                                          static_cast<std::uint32_t>(value.size()), fileName);
@@ -192,41 +189,21 @@ std::vector<KeyValue> Snapshot(const char* fileName) {
     return values;
 }
 
-std::string EnvironmentPrefix() {
-    const char* env = std::getenv("WINEPREFIX");
-    if (env != nullptr && *env != '\0') return env;
-    const char* home = std::getenv("HOME");
-    return std::string(home != nullptr ? home : "") + "/.wine";
-}
-
 // A throw-away prefix holding copies of the settings files; the platform points at it for
 // the lifetime of the object and at the previous prefix afterwards.
 class ScratchPrefix {
 public:
-    ScratchPrefix() : previous_(platform::WinePrefix()) {
-        std::string pattern = (fs::temp_directory_path() / "wkestel-check-XXXXXX").string();
-        if (mkdtemp(pattern.data()) == nullptr)
-            throw std::runtime_error("cannot make a temporary directory");
-        root_ = pattern;
-        fs::create_directories(WindowsDir());
-        fs::create_directories(root_ / "dosdevices");
-        std::error_code ignored;
-        fs::create_directory_symlink("../drive_c", root_ / "dosdevices" / "c:", ignored);
-    }
-    ~ScratchPrefix() {
-        platform::SetWinePrefixOverride(previous_ == EnvironmentPrefix() ? "" : previous_);
-        std::error_code ignored;
-        fs::remove_all(root_, ignored);
-    }
+    ScratchPrefix() : previous_(platform::WinePrefixOverride()), prefix_("wkestel-check-") {}
+    ~ScratchPrefix() { platform::SetWinePrefixOverride(previous_); }
     ScratchPrefix(const ScratchPrefix&) = delete;
     ScratchPrefix& operator=(const ScratchPrefix&) = delete;
 
-    fs::path WindowsDir() const { return root_ / "drive_c" / "windows"; }
-    void Activate() const { platform::SetWinePrefixOverride(root_.string()); }
+    fs::path WindowsDir() const { return prefix_.WindowsDir(); }
+    void Activate() const { platform::SetWinePrefixOverride(prefix_.Root().string()); }
 
 private:
     std::string previous_;
-    fs::path root_;
+    platform::ScratchWinePrefix prefix_;
 };
 
 struct Change {
@@ -238,10 +215,10 @@ struct Change {
 std::vector<Change> Compare(const std::string& file, const std::vector<KeyValue>& before,
                             const std::vector<KeyValue>& after) {
     std::map<std::string, const KeyValue*> old;
-    for (const KeyValue& kv : before) old.emplace(Upper(kv.section) + '\n' + Upper(kv.key), &kv);
+    for (const KeyValue& kv : before) old.emplace(ToUpperAscii(kv.section) + '\n' + ToUpperAscii(kv.key), &kv);
     std::vector<Change> changes;
     for (const KeyValue& kv : after) {
-        const auto it = old.find(Upper(kv.section) + '\n' + Upper(kv.key));
+        const auto it = old.find(ToUpperAscii(kv.section) + '\n' + ToUpperAscii(kv.key));
         if (it == old.end()) {
             changes.push_back(Change{file, kv.section, kv.key, "", kv.value, true, false});
             continue;
@@ -252,7 +229,7 @@ std::vector<Change> Compare(const std::string& file, const std::vector<KeyValue>
         old.erase(it);
     }
     for (const KeyValue& kv : before) {
-        if (old.count(Upper(kv.section) + '\n' + Upper(kv.key)) != 0) {
+        if (old.count(ToUpperAscii(kv.section) + '\n' + ToUpperAscii(kv.key)) != 0) {
             changes.push_back(Change{file, kv.section, kv.key, kv.value, "", false, true});
         }
     }

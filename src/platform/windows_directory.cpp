@@ -63,6 +63,11 @@ void SetWinePrefixOverride(const std::string& prefix) {
     PrefixOverride() = prefix.empty() ? std::string() : WithoutTrailingSlashes(prefix);
 }
 
+std::string WinePrefixOverride() {
+    std::lock_guard lock(OverrideMutex());
+    return PrefixOverride();
+}
+
 std::string WindowsDirectoryHostPath() {
 #ifdef _WIN32
     char buffer[MAX_PATH + 1];

@@ -24,6 +24,10 @@ std::string WinePrefix();
 // An empty path removes the override.
 void SetWinePrefixOverride(const std::string& prefix);
 
+// The override in force, empty when there is none: what a caller that points the platform
+// elsewhere for a while puts back afterwards.
+std::string WinePrefixOverride();
+
 // The host path of the Windows directory. On Windows the real one.
 std::string WindowsDirectoryHostPath();
 

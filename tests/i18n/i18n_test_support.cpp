@@ -1,9 +1,8 @@
 #include "i18n_test_support.h"
 
-#include <atomic>
-#include <chrono>
 #include <system_error>
 
+#include "platform/scratch_directory.h"
 #include "support/file_bytes.h"
 
 namespace wk::test {
@@ -16,21 +15,16 @@ std::string TestLibraryBytes(const std::string& name) {
     return ReadFileBytes(TestLibrary(name));
 }
 
-TempWorkingDirectory::TempWorkingDirectory() : previous_(std::filesystem::current_path()) {
-    static std::atomic<unsigned> counter{0};
-    const auto stamp = std::chrono::steady_clock::now().time_since_epoch().count();
-    for (;;) {
-        path_ = std::filesystem::temp_directory_path() /
-                ("wkestel-cwd-" + std::to_string(stamp) + "-" + std::to_string(++counter));
-        if (std::filesystem::create_directory(path_)) break;
-    }
+TempWorkingDirectory::TempWorkingDirectory()
+    : previous_(std::filesystem::current_path()),
+      path_(platform::MakeScratchDirectory("wkestel-cwd-")) {
     std::filesystem::current_path(path_);
 }
 
 TempWorkingDirectory::~TempWorkingDirectory() {
     std::error_code ignored;
     std::filesystem::current_path(previous_, ignored);
-    std::filesystem::remove_all(path_, ignored);
+    platform::RemoveScratchDirectory(path_);
 }
 
 void TempWorkingDirectory::CopyLibrary(const std::string& library, const std::string& name) const {

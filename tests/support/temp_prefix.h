@@ -7,6 +7,8 @@
 #include <filesystem>
 #include <string>
 
+#include "platform/scratch_directory.h"
+
 namespace wk::test {
 
 class TempWinePrefix {
@@ -17,9 +19,9 @@ public:
     TempWinePrefix(const TempWinePrefix&) = delete;
     TempWinePrefix& operator=(const TempWinePrefix&) = delete;
 
-    const std::filesystem::path& Root() const { return root_; }
-    std::filesystem::path WindowsDir() const { return root_ / "drive_c" / "windows"; }
-    std::filesystem::path DriveC() const { return root_ / "drive_c"; }
+    const std::filesystem::path& Root() const { return prefix_.Root(); }
+    std::filesystem::path WindowsDir() const { return prefix_.WindowsDir(); }
+    std::filesystem::path DriveC() const { return Root() / "drive_c"; }
 
     // The host path of a file in the Windows directory.
     std::filesystem::path WindowsFile(const std::string& name) const { return WindowsDir() / name; }
@@ -31,7 +33,7 @@ public:
     std::string ReadWindowsFile(const std::string& name) const;
 
 private:
-    std::filesystem::path root_;
+    platform::ScratchWinePrefix prefix_;
 };
 
 }  // namespace wk::test

@@ -10,6 +10,7 @@
 #include <fstream>
 #include <sstream>
 
+#include "platform/scratch_directory.h"
 #include "shell/kestel_main_wind.h"
 
 namespace fs = std::filesystem;
@@ -17,14 +18,6 @@ namespace fs = std::filesystem;
 namespace wk::test {
 
 namespace {
-
-fs::path MakeTempDir(const char* stem) {
-    std::string pattern = (fs::temp_directory_path() / (std::string(stem) + "XXXXXX")).string();
-    if (!mkdtemp(pattern.data())) {
-        throw std::runtime_error("cannot create a temporary directory");
-    }
-    return pattern;
-}
 
 std::string Trim(std::string s) {
     while (!s.empty() && (s.back() == ' ' || s.back() == '\r' || s.back() == '\t')) s.pop_back();
@@ -46,7 +39,7 @@ WorkingDir::WorkingDir(Kind kind) : previous_(fs::current_path()) {
     if (kind == Kind::LanguageLibraries) {
         fs::current_path(WKESTEL_LANGUAGE_DIR);
     } else {
-        empty_ = MakeTempDir("wkestel-ui-cwd-");
+        empty_ = platform::MakeScratchDirectory("wkestel-ui-cwd-");
         if (kind == Kind::CopyOfLanguageLibraries) {
             for (const auto& entry : fs::directory_iterator(WKESTEL_LANGUAGE_DIR)) {
                 const std::string name = entry.path().filename().string();
@@ -62,9 +55,7 @@ WorkingDir::WorkingDir(Kind kind) : previous_(fs::current_path()) {
 WorkingDir::~WorkingDir() {
     std::error_code error;
     fs::current_path(previous_, error);
-    if (!empty_.empty()) {
-        fs::remove_all(empty_, error);
-    }
+    if (!empty_.empty()) platform::RemoveScratchDirectory(empty_);
 }
 
 MessageScript::MessageScript() {
