@@ -11,17 +11,9 @@ namespace {
 
 using test::Crlf;
 using test::ReadRecord;
-using test::SettingsTestPrefix;
 using test::ValueIn;
 
-class MechOffsetSettingsTest : public ::testing::Test {
-protected:
-    void File(const std::string& wzelko) {
-        prefix.WriteFile("WZELKO.INI", wzelko);
-        prefix.WriteFile("WZELKO32.INI", "");
-    }
-    SettingsTestPrefix prefix;
-};
+class MechOffsetSettingsTest : public test::SettingsFileTest {};
 
 TEST_F(MechOffsetSettingsTest, OffxNoneReadsAsZeroAndIsWrittenBackAsZeroNumber) {
     File(Crlf({"[MECHAOFFS]", "offx=NONE", "offy=1.25"}));

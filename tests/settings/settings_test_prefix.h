@@ -2,6 +2,8 @@
 // The settings tests' Wine prefix: the shared temporary prefix, with short names for the
 // settings files and a record built as start-up builds it. Nothing touches ~/.wine.
 
+#include <gtest/gtest.h>
+
 #include <filesystem>
 #include <initializer_list>
 #include <memory>
@@ -52,5 +54,15 @@ inline std::unique_ptr<SetupSettings> ReadRecord(const ControllerFlags& flags = 
 inline ControllerFlags TcpipController() {
     return ControllerFlagsFromType("RMD");
 }
+
+// A test with its own prefix, whose WZELKO.INI it writes and whose WZELKO32.INI is empty.
+class SettingsFileTest : public ::testing::Test {
+protected:
+    void File(const std::string& wzelko) {
+        prefix.WriteFile("WZELKO.INI", wzelko);
+        prefix.WriteFile("WZELKO32.INI", "");
+    }
+    SettingsTestPrefix prefix;
+};
 
 }  // namespace wk::test

@@ -10,17 +10,9 @@ namespace {
 
 using test::Crlf;
 using test::ReadRecord;
-using test::SettingsTestPrefix;
 using test::ValueIn;
 
-class SoundSettingsTest : public ::testing::Test {
-protected:
-    void File(const std::string& wzelko) {
-        prefix.WriteFile("WZELKO.INI", wzelko);
-        prefix.WriteFile("WZELKO32.INI", "");
-    }
-    SettingsTestPrefix prefix;
-};
+class SoundSettingsTest : public test::SettingsFileTest {};
 
 TEST_F(SoundSettingsTest, ConstructorStartsIdsOneAndTwoWithTheTuTextsAndLeavesThreeAndFourEmpty) {
     File("");
