@@ -6,6 +6,8 @@
 #include <cstdint>
 #include <string>
 
+#include "settings/colour_schema.h"
+
 namespace wk {
 
 // One window's background: an RGB colour value (red in bits 0-7, green 8-15, blue 16-23)
@@ -17,12 +19,9 @@ struct ColourEntry {
 
 class ColourSettings {
 public:
-    // Entries 0-25 are the windows with a key; 26-29 are spare.
+    // Entries 0-25 are the windows with a key (kWindowBackgroundKeys); 26-29 are spare.
     static constexpr int kColourEntryCount = 30;
-    static constexpr int kColourKeyCount = 26;
-    static constexpr const char* kColourSection = "WINDOWS BACKGROUND";
-    // The key of each window entry, in index order.
-    static const std::array<const char*, kColourKeyCount> kColourKeys;
+    static constexpr int kColourKeyCount = static_cast<int>(kWindowBackgroundKeys.size());
 
     ColourSettings();
     virtual ~ColourSettings() = default;
@@ -67,7 +66,7 @@ public:
     bool Write();
 
 private:
-    bool metric_ = true;
+    bool metric_ = kMetric.Default;
 };
 
 }  // namespace wk
