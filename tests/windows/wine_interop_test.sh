@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # The Windows build under Wine, against Windows' own private-profile functions.
 #
-#   wine_interop_test.sh WKESTEL_EXE PROFILE_REFERENCE_EXE OEM_TABLE_EXE OEM_TABLE_DIR DEMO_PREFIX
+#   wine_interop_test.sh WKESTEL_EXE PROFILE_REFERENCE_EXE OEM_TABLE_EXE VERSION_INFO_EXE
+#                        OEM_TABLE_DIR DEMO_PREFIX VERSION
 #
 # profile_reference.exe calls kernel32's GetPrivateProfileStringA, GetPrivateProfileIntA and
 # WritePrivateProfileStringA (Wine's) with the command line of `wkestel profile`. The same edits
@@ -33,15 +34,18 @@
 # Exit 77 (skipped) only when Wine is not installed or cannot start a program at all.
 set -u
 
-if [ $# -ne 5 ]; then
-    echo "usage: $0 WKESTEL_EXE PROFILE_REFERENCE_EXE OEM_TABLE_EXE OEM_TABLE_DIR DEMO_PREFIX" >&2
+if [ $# -ne 7 ]; then
+    echo "usage: $0 WKESTEL_EXE PROFILE_REFERENCE_EXE OEM_TABLE_EXE VERSION_INFO_EXE" \
+         "OEM_TABLE_DIR DEMO_PREFIX VERSION" >&2
     exit 2
 fi
 ours_exe=$1
 ref_exe=$2
 oem_exe=$3
-oem_tables=$4
-demo_prefix=$5
+version_exe=$4
+oem_tables=$5
+demo_prefix=$6
+version=$7
 
 if ! command -v wine >/dev/null 2>&1; then
     echo "SKIPPED: wine is not installed (Debian packages wine and wine64; scripts/install-deps" \
@@ -302,7 +306,7 @@ else
     pass
 fi
 ours --version >"$work/version" 2>&1
-[ "$(od -An -c "$work/version")" = "$(printf 'wkestel 1.0.0.0\n' | od -An -c)" ] && pass ||
+[ "$(od -An -c "$work/version")" = "$(printf 'wkestel %s\n' "$version" | od -An -c)" ] && pass ||
     fail "wkestel.exe --version printed [$(od -An -c "$work/version")]"
 ours profile get "$(dos_file ours values)" S Ansi >"$work/value"
 [ "$(od -An -tx1 "$work/value")" = "$(printf 'Z\374rich \351t\351 \200\n' | od -An -tx1)" ] && pass ||
@@ -321,6 +325,13 @@ for cp in 850 437; do
 done
 WKESTEL_OEM_CODEPAGE=CP437 wine "$oem_exe" >"$work/oem-cp437" 2>&1
 cmp -s "$work/oem-cp437" "$oem_tables/437.txt" && pass || fail "WKESTEL_OEM_CODEPAGE=CP437 was not taken"
+
+echo "== The program's version, as the about box reads it"
+
+[ "$(wine "$version_exe")" = "$version" ] && pass ||
+    fail "the running program's version reads as $(wine "$version_exe")"
+[ "$(wine "$version_exe" "$(winepath -w "$ref_exe" 2>/dev/null)")" = none ] && pass ||
+    fail "another program has the build's version: $(wine "$version_exe" "$(winepath -w "$ref_exe")")"
 
 echo "== The settings: show, check and resave on the demo files"
 
