@@ -49,7 +49,7 @@ endfunction()
 # The man page of `wkestel`, made from its own --help by help2man at build time, with one
 # section per command (cmake/WkestelManPage.cmake).
 function(wk_man_page)
-  if(CMAKE_CROSSCOMPILING OR NOT TARGET wkestel)
+  if(WIN32 OR CMAKE_CROSSCOMPILING OR NOT TARGET wkestel)
     return()
   endif()
   find_program(WKESTEL_HELP2MAN help2man)
@@ -69,11 +69,11 @@ function(wk_man_page)
   install(FILES ${page}.gz DESTINATION share/man/man1)
 endfunction()
 
-# The Debian package: `cpack -G DEB` in the build folder (tests/packaging checks it).
-function(wk_debian_package)
+# The package: on Linux a Debian package, `cpack -G DEB` in the build folder (tests/packaging
+# checks it); for Windows a ZIP of the programs' folder.
+function(wk_package)
   set(WKESTEL_PACKAGE_MAINTAINER "WKestel32 developers" CACHE STRING
-      "Maintainer field of the Debian package")
-  set(CPACK_GENERATOR DEB)
+      "Maintainer of the package")
   set(CPACK_PACKAGE_NAME wkestel32)
   set(CPACK_PACKAGE_VERSION ${PROJECT_VERSION})
   set(CPACK_PACKAGE_CONTACT ${WKESTEL_PACKAGE_MAINTAINER})
@@ -83,8 +83,15 @@ function(wk_debian_package)
       "WKestel32 edits WZELKO.INI and WZELKO32.INI, the settings files of a measuring \
 application for coordinate measuring machines that runs under Wine, exactly as the Windows \
 private-profile functions would. wkestel does the same from the command line.")
-  set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
   set(CPACK_STRIP_FILES ON)
+  if(WIN32)
+    set(CPACK_GENERATOR ZIP)
+    set(CPACK_SYSTEM_NAME windows-x86_64)
+    include(CPack)
+    return()
+  endif()
+  set(CPACK_GENERATOR DEB)
+  set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
   set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
   set(CPACK_DEBIAN_PACKAGE_SECTION misc)
   set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
