@@ -49,7 +49,7 @@ version=$7
 
 if ! command -v wine >/dev/null 2>&1; then
     echo "SKIPPED: wine is not installed (Debian packages wine and wine64; scripts/install-deps" \
-         "installs them)."
+         "windows installs them)."
     exit 77
 fi
 
