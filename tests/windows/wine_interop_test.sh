@@ -326,6 +326,14 @@ done
 WKESTEL_OEM_CODEPAGE=CP437 wine "$oem_exe" >"$work/oem-cp437" 2>&1
 cmp -s "$work/oem-cp437" "$oem_tables/437.txt" && pass || fail "WKESTEL_OEM_CODEPAGE=CP437 was not taken"
 
+echo "== Language strings: the library beside the program, read by the program itself"
+
+# The demo's WZELKO.INI is not in place yet: the language is given, and the library is looked
+# up in the working directory, the programs' folder.
+(cd "$(dirname "$ours_exe")" && wine "$ours_exe" strings --language ENG 1 2) >"$work/strings" 2>&1
+[ "$(cat "$work/strings")" = "$(printf '1\tGeneral Setup\n2\t&File')" ] && pass ||
+    fail "wkestel.exe strings printed: $(cat "$work/strings")"
+
 echo "== The program's version, as the about box reads it"
 
 [ "$(wine "$version_exe")" = "$version" ] && pass ||
