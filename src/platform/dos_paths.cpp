@@ -1,8 +1,5 @@
 #include "platform/dos_paths.h"
 
-#include "platform/ascii_case.h"
-#include "platform/file_lookup.h"
-
 #include <cctype>
 #include <cstdio>
 #include <filesystem>
@@ -11,6 +8,9 @@
 #include <utility>
 #include <vector>
 
+#include "platform/ascii_case.h"
+#include "platform/file_lookup.h"
+#include "platform/host_path.h"
 #include "platform/windows_directory.h"
 
 namespace wk::platform {
@@ -22,6 +22,7 @@ bool HasDrive(const std::string& path) {
     return path.size() >= 2 && std::isalpha(static_cast<unsigned char>(path[0])) && path[1] == ':';
 }
 
+#ifndef _WIN32
 std::vector<std::string> SplitComponents(std::string_view path) {
     std::vector<std::string> parts;
     std::size_t start = 0;
@@ -34,7 +35,6 @@ std::vector<std::string> SplitComponents(std::string_view path) {
     return parts;
 }
 
-#ifndef _WIN32
 // The host directory a drive link of the prefix stands for, made absolute and resolved as
 // far as it exists.
 fs::path ResolveDriveLink(const fs::path& link) {
@@ -175,31 +175,35 @@ std::string ToHostPath(const std::string& path) {
 
 std::FILE* OpenFileA(const char* path, const char* mode) {
     if (path == nullptr || mode == nullptr) return nullptr;
+#ifdef _WIN32
+    // The name is ANSI-code-page bytes; the file system's names are UTF-16 (host_path.h).
+    const std::wstring wideMode(mode, mode + std::char_traits<char>::length(mode));
+    return ::_wfopen(PathFromAnsi(path).c_str(), wideMode.c_str());
+#else
     std::string hostMode;
     for (const char* m = mode; *m != '\0'; ++m) {
         if (*m != 't') hostMode.push_back(*m);  // text mode is the only mode outside Windows
     }
-#ifdef _WIN32
-    hostMode = mode;
-#endif
     return std::fopen(ToHostPath(path).c_str(), hostMode.c_str());
+#endif
 }
 
 bool DeleteFileA(const char* path) {
     if (path == nullptr) return false;
-    return std::remove(ToHostPath(path).c_str()) == 0;
+    std::error_code ec;
+    return fs::remove(PathFromAnsi(ToHostPath(path)), ec) && !ec;
 }
 
 bool FileExistsA(const char* path) {
     if (path == nullptr) return false;
     std::error_code ec;
-    return fs::is_regular_file(ToHostPath(path), ec);
+    return fs::is_regular_file(PathFromAnsi(ToHostPath(path)), ec);
 }
 
 bool DirectoryExistsA(const char* path) {
     if (path == nullptr) return false;
     std::error_code ec;
-    return fs::is_directory(ToHostPath(path), ec);
+    return fs::is_directory(PathFromAnsi(ToHostPath(path)), ec);
 }
 
 }  // namespace wk::platform

@@ -8,6 +8,8 @@
 #include <iterator>
 #include <system_error>
 
+#include "platform/host_path.h"
+
 #ifndef _WIN32
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -25,15 +27,15 @@ std::string Describe(const std::string& path, int errorNumber) {
 
 // The file a write must replace: a symbolic link is followed to its target, so that the
 // link stays a link.
-std::string FollowLinks(const std::string& path) {
-    fs::path current = path;
+fs::path FollowLinks(const std::string& path) {
+    fs::path current = PathFromAnsi(path);
     std::error_code ec;
     for (int hops = 0; hops < 40 && fs::is_symlink(fs::symlink_status(current, ec)); ++hops) {
         fs::path target = fs::read_symlink(current, ec);
         if (ec) break;
         current = target.is_relative() ? current.parent_path() / target : target;
     }
-    return current.string();
+    return current;
 }
 
 }  // namespace
@@ -116,7 +118,7 @@ bool ReadWholeFile(const std::string& path, std::string& bytes, FileStamp& stamp
 }
 
 bool ReplaceFileAtomically(const std::string& path, const std::string& bytes, std::string& error) {
-    const std::string target = FollowLinks(path);
+    const std::string target = FollowLinks(path).string();
     const fs::path targetPath(target);
     const std::string directory =
         targetPath.has_parent_path() ? targetPath.parent_path().string() : std::string(".");
@@ -175,15 +177,17 @@ bool ReplaceFileAtomically(const std::string& path, const std::string& bytes, st
 
 #else  // _WIN32
 
+// Paths are ANSI-code-page bytes, handed to the system as UTF-16 (see host_path.h).
 FileStamp StatFile(const std::string& path) {
     FileStamp stamp;
     std::error_code ec;
-    const fs::file_status status = fs::status(path, ec);
+    const fs::path hostPath = PathFromAnsi(path);
+    const fs::file_status status = fs::status(hostPath, ec);
     if (ec || !fs::exists(status)) return stamp;
     stamp.exists = true;
     stamp.isDirectory = fs::is_directory(status);
-    if (!stamp.isDirectory) stamp.size = fs::file_size(path, ec);
-    const auto time = fs::last_write_time(path, ec).time_since_epoch();
+    if (!stamp.isDirectory) stamp.size = fs::file_size(hostPath, ec);
+    const auto time = fs::last_write_time(hostPath, ec).time_since_epoch();
     const auto ns = std::chrono::duration_cast<std::chrono::nanoseconds>(time).count();
     stamp.mtimeSeconds = ns / 1000000000;
     stamp.mtimeNanoseconds = ns % 1000000000;
@@ -197,7 +201,7 @@ bool ReadWholeFile(const std::string& path, std::string& bytes, FileStamp& stamp
         error = Describe(path, EISDIR);
         return false;
     }
-    std::ifstream in(path, std::ios::binary);
+    std::ifstream in(PathFromAnsi(path), std::ios::binary);
     if (!in) {
         error = Describe(path, errno);
         return false;

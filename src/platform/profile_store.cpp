@@ -10,6 +10,7 @@
 
 #include "platform/dos_paths.h"
 #include "platform/file_lookup.h"
+#include "platform/host_path.h"
 #include "platform/windows_directory.h"
 
 namespace wk::platform {
@@ -159,7 +160,7 @@ bool ProfileStore::Write(const char* fileName, const std::function<bool(ProfileD
     bool created = false;
     if (!file.document) {
         std::error_code ec;
-        const fs::path parent = fs::path(path).parent_path();
+        const fs::path parent = PathFromAnsi(path).parent_path();
         if (!parent.empty() && !fs::is_directory(parent, ec)) {
             error = Describe(path, ENOENT);  // a missing directory is not created
             return false;
