@@ -2,7 +2,6 @@
 
 #include <QAction>
 #include <QCloseEvent>
-#include <QGridLayout>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QMenuBar>
@@ -19,6 +18,7 @@
 #include "platform/windows_directory.h"
 #include "settings/profile_helpers.h"
 #include "settings/settings_files.h"
+#include "shell/client_area.h"
 #include "shell/language_text.h"
 #include "shell/qt_message_box.h"
 #include "shell/upgrade_status.h"
@@ -109,12 +109,12 @@ void TKestelMainWind::ConnectMenu() {
 }
 
 void TKestelMainWind::BuildFrame() {
-    auto* central = new QWidget(this);
-    central->setObjectName(QStringLiteral("KestelClientArea"));
-    auto* grid = new QGridLayout(central);
+    const ClientArea area = BuildClientArea(*this);
+    pageControl_ = area.pageControl;
+    pOK_ = area.pOK;
+    pCancel_ = area.pCancel;
+    pBottBar_ = area.pBottBar;
 
-    pageControl_ = new PageControl(central);
-    pageControl_->setObjectName(QStringLiteral("KestelPageControl"));
     for (std::size_t row = 0; row < rows_.size(); ++row) {
         if (!rows_[row].factory) {
             continue;  // not built: absent from the page control
@@ -127,45 +127,9 @@ void TKestelMainWind::BuildFrame() {
     pageControl_->SetChangingHook([this] { return KestelPageControlChanging(); });
     connect(pageControl_, &PageControl::Change, this, &TKestelMainWind::KestelPageControlChange);
     connect(pageControl_, &PageControl::SheetEnter, this, &TKestelMainWind::SheetEnter);
-
-    pOK_ = new QPushButton(QStringLiteral("OK"), central);
-    pOK_->setObjectName(QStringLiteral("pOK"));
-    pOK_->setDefault(true);  // Enter (keyPressEvent)
-    pOK_->setAutoDefault(true);
-    pCancel_ = new QPushButton(QStringLiteral("Cancel"), central);
-    pCancel_->setObjectName(QStringLiteral("pCancel"));
-    pCancel_->setAutoDefault(true);  // Escape (keyPressEvent)
+    // Enter and Escape reach them through keyPressEvent.
     connect(pOK_, &QPushButton::clicked, this, &TKestelMainWind::pOKClick);
     connect(pCancel_, &QPushButton::clicked, this, &TKestelMainWind::pCancelClick);
-
-    auto* buttons = new QVBoxLayout;
-    buttons->addSpacing(pageControl_->TabBar()->sizeHint().height());
-    buttons->addWidget(pOK_);
-    buttons->addWidget(pCancel_);
-    buttons->addStretch(1);
-
-    pBottBar_ = new QLabel(QStringLiteral("."), central);
-    pBottBar_->setObjectName(QStringLiteral("pBottBar"));
-    pBottBar_->setAlignment(Qt::AlignCenter);
-    QFont font = pBottBar_->font();
-    font.setBold(true);
-    font.setPointSizeF(font.pointSizeF() * 1.4);
-    pBottBar_->setFont(font);
-    pBottBar_->setFrameShape(QFrame::Panel);
-    pBottBar_->setFrameShadow(QFrame::Sunken);
-    pBottBar_->setMinimumHeight(pBottBar_->fontMetrics().height() + 10);
-
-    grid->addWidget(pageControl_, 0, 0);
-    grid->addLayout(buttons, 0, 1);
-    grid->addWidget(pBottBar_, 1, 0, 1, 2);
-    grid->setRowStretch(0, 1);
-    grid->setColumnStretch(0, 1);
-    setCentralWidget(central);
-
-    // Hidden until the start-up sequence has filled the pages.
-    pageControl_->setVisible(false);
-    pOK_->setVisible(false);
-    pCancel_->setVisible(false);
     resize(760, 540);
 }
 
