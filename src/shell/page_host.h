@@ -122,10 +122,11 @@ struct PageMenuEntry {
 
 // One row of the table of pages.
 struct PageEntry {
-    const char* sheetName;      // tab sheet, also the page's objectName
-    const char* designCaption;  // the tab's caption until the page captions it; "&" and this
-                                // caption the menu entry until the language strings do
-    PageFactory factory;        // nullptr: not built; no sheet, menu entry disabled
+    const char* sheetName;  // tab sheet, also the page's objectName
+    // The tab's caption until the page captions it; after a "&", the menu entry's caption
+    // until the language strings caption it.
+    const char* designCaption;
+    PageFactory factory;  // nullptr: not built; no sheet, menu entry disabled
     int helpContext;
     bool storesOnOk;       // OK and leaving the page call Store
     bool refreshOnEntry;   // Load(true) when the focus enters the sheet
