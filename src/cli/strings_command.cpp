@@ -57,8 +57,8 @@ void RunStrings(const StringsArgs& args, bool languageGiven, CliContext& ctx) {
     ReleaseLanguageLibrary();
     Language() = LanguageState{};
 
-    std::string code = languageGiven ? args.language : ReadWzelkoText(kLanguageCode);
-    if (code == "NONE") code = "ENG";
+    const std::string code =
+        languageGiven ? LanguageCodeToLoad(args.language) : ReadStartUpLanguageCode();
 
     if (!LoadLanguageLibrary(code)) {
         ctx.err << "Be sure working dir is correct ! (" << ReadWzelkoText(kSystemDir) << ")\n";

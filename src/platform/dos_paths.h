@@ -30,7 +30,7 @@ std::optional<std::string> HostToDosPath(const std::string& hostPath);
 std::string ToHostPath(const std::string& path);
 
 // fopen for paths of the measuring application: the backup and the upgrade build their
-// paths from GetWindowsDirectoryA and "\WZELKO.INI", as the original program did.
+// paths from GetWindowsDirectoryA and "\WZELKO.INI", which are Windows paths.
 std::FILE* OpenFileA(const char* path, const char* mode);
 
 // remove() for such paths; true when the file was removed.

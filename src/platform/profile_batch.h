@@ -12,8 +12,8 @@ namespace wk {
 class ProfileBatch {
 public:
     ProfileBatch();
-    // Commits if Commit() was not called. A failure here is silent, as the original's
-    // per-key writes were; call Commit() to learn about it.
+    // Commits if Commit() was not called. A destructor has no way to report, so a failure
+    // here is silent; call Commit() to learn about it.
     ~ProfileBatch();
 
     // Replaces every file changed in this batch. Returns false when any replace failed

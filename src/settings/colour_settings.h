@@ -2,6 +2,7 @@
 // Base level of the settings record: the window background colours of the measuring
 // application, and the fields every level shares (modified flag, scratch text, metric flag).
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <string>
@@ -37,6 +38,13 @@ public:
 
     // The background colours, by entry index.
     std::array<ColourEntry, kColourEntryCount> ColourTable;
+
+    // Whether any entry is a window of the list. When none is, the window colours page has
+    // nothing to offer and is switched off, and the sounds page dims its list labels with it.
+    bool AnyWindowListed() const {
+        return std::any_of(ColourTable.begin(), ColourTable.end(),
+                           [](const ColourEntry& entry) { return entry.Listed; });
+    }
 
     // Sets an entry's colour from three components (each taken modulo 256); an index
     // outside the table is ignored. The entry's listed mark is not changed.
