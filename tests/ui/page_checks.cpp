@@ -237,6 +237,23 @@ QString RandomText::Next() {
     return text;
 }
 
+std::string SettingsFileWithMain(std::string sections) {
+    static const std::string kHeader = "[WZELKO]\r\n";
+    std::string mainKeys;
+    const std::size_t at = sections.find(kHeader);
+    if (at != std::string::npos) {
+        const std::size_t blank = sections.find("\r\n\r\n", at);
+        const std::size_t keysEnd = blank == std::string::npos ? sections.size() : blank + 2;
+        const std::size_t sectionEnd = blank == std::string::npos ? sections.size() : blank + 4;
+        mainKeys = sections.substr(at + kHeader.size(), keysEnd - at - kHeader.size());
+        sections.erase(at, sectionEnd - at);
+    }
+    return "[WZELKO]\r\nLANGUAGE=ENG\r\nSYSTEM_DIR=C:\\WZELKO\r\n" + mainKeys +
+           "\r\n[MEASURE INTERFACE]\r\nMEASURE MODE METRIC/INCH=METRIC\r\n\r\n"
+           "[CONTROLLER]\r\nType=RMD\r\n\r\n" +
+           sections;
+}
+
 std::set<std::string> DifferingKeys(const std::string& before, const std::string& after) {
     const std::vector<std::string> a = Lines(before);
     const std::vector<std::string> b = Lines(after);

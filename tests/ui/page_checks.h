@@ -49,6 +49,11 @@ private:
     std::mt19937 rng_;
 };
 
+// WZELKO.INI as SettingsFile makes it (English, metric, RMD) with `sections` after it; the keys
+// of a "[WZELKO]" section among them go into the file's own main section, where the measuring
+// application reads them (a second section of the same name would be ignored).
+std::string SettingsFileWithMain(std::string sections);
+
 // The "SECTION|KEY" (upper case) of every key line whose text differs between two versions
 // of a settings file; "<line N>" for a differing line that is not a key, and "<lines>" when
 // the files have not the same number of lines.

@@ -30,7 +30,6 @@ namespace {
 
 using test::ChooseItem;
 using test::PressTab;
-using test::SettingsFile;
 using test::Tick;
 using test::TypeInto;
 
@@ -52,7 +51,7 @@ const char* const kSystem =
     "[MACRO]\r\nUSE LAST MEMORIES=TRUE\r\nGEO TOL ELEMENT CREATION=FALSE\r\n\r\n"
     "[GEO TOLERANCE]\r\nUSE FORMAT=FALSE\r\n\r\n"
     "[EXEC]\r\nPRINT AT END EXEC=0\r\nWAIT AT END EXECUTION=TRUE\r\n\r\n"
-    "[WZELKO]\r\nDATA_DIR=C:\\WZELKO\\DATA\r\n\r\n";
+    "[WZELKO]\r\nDATA_DIR=C:\\WZELKO\\SYSDATA\r\n\r\n";
 
 class SysParPage : public test::PageTest {
 protected:
@@ -63,7 +62,7 @@ protected:
         prefix_.WriteWindowsFile("WZELKO32.INI", wzelko32);
         prefix_.WriteWindowsFile("WIN.INI", winIni);
         rows_ = test::TableRows({"SysParTabSheet"});
-        Start(SettingsFile(sections), rows_);
+        Start(test::SettingsFileWithMain(sections), rows_);
         page_ = Page("SysParTabSheet");
         ASSERT_NE(page_, nullptr);
     }
@@ -469,23 +468,23 @@ TEST_F(SysParPage, EnteringAFileNameEnablesBrowseAndTheNumbersAndListsDisableIt)
 
 TEST_F(SysParPage, BrowsePutsTheChosenProbeFileIntoItsEditAndLeavingStoresIt) {
     StartPage();
-    std::filesystem::create_directories(prefix_.DriveC() / "WZELKO" / "DATA");
+    std::filesystem::create_directories(prefix_.DriveC() / "WZELKO" / "SYSDATA");
     Edit("pSLE_ProbeFname")->setFocus(Qt::TabFocusReason);
-    AnswerFileOpen(prefix_.DriveC() / "WZELKO" / "DATA" / "Star.tip");
+    AnswerFileOpen(prefix_.DriveC() / "WZELKO" / "SYSDATA" / "Star.tip");
     QTest::mouseClick(Button("pPB_BrowserSys"), Qt::LeftButton);
     QLineEdit* probe = Edit("pSLE_ProbeFname");
-    EXPECT_EQ(probe->text(), QStringLiteral("C:\\WZELKO\\DATA\\Star.tip"));
+    EXPECT_EQ(probe->text(), QStringLiteral("C:\\WZELKO\\SYSDATA\\Star.tip"));
     EXPECT_TRUE(probe->isModified());
     EXPECT_TRUE(probe->hasFocus());
     // Shown in the data folder, probe files only.
     EXPECT_EQ(FileDialog()->nameFilters(), QStringList({Language(159) + " (*.TIP)"}));
     EXPECT_EQ(std::filesystem::canonical(FileDialog()->directory().absolutePath().toStdString()),
-              std::filesystem::canonical(prefix_.DriveC() / "WZELKO" / "DATA"));
+              std::filesystem::canonical(prefix_.DriveC() / "WZELKO" / "SYSDATA"));
     EXPECT_EQ(Record().QualiFileName, "QUALI.TIP");
     PressTab(probe);
-    EXPECT_EQ(Record().QualiFileName, "C:\\WZELKO\\DATA\\STAR.TIP");
+    EXPECT_EQ(Record().QualiFileName, "C:\\WZELKO\\SYSDATA\\STAR.TIP");
     Save();
-    EXPECT_EQ(Saved("SYSTEMPARAM", "QUALIFILENAME"), "C:\\WZELKO\\DATA\\STAR.TIP");
+    EXPECT_EQ(Saved("SYSTEMPARAM", "QUALIFILENAME"), "C:\\WZELKO\\SYSDATA\\STAR.TIP");
 }
 
 TEST_F(SysParPage, BrowseOffersReferenceSystemAndMemoryFilesForTheirEdits) {
@@ -516,7 +515,7 @@ TEST_F(SysParPage, WithoutADataFolderBrowseStartsInTheUsualOne) {
 TEST_F(SysParPage, BrowseDoesNothingWhenTheFileEditEnteredLastIsTheStartUpPages) {
     rows_ = test::TableRows({"SysParTabSheet", "InitTabSheet"});
     prefix_.WriteWindowsFile("WIN.INI", kWinIni);
-    Start(SettingsFile(std::string(kLanguages) + kSystem), rows_);
+    Start(test::SettingsFileWithMain(std::string(kLanguages) + kSystem), rows_);
     Edit("pSLE_ProbeFname")->setFocus(Qt::TabFocusReason);
     ASSERT_TRUE(Button("pPB_BrowserSys")->isEnabled());
     Action("KestelGenConf_Init")->trigger();
@@ -542,7 +541,7 @@ TEST_F(SysParPage, CancelPutsBackOnlyTheEditBeingTyped) {
 TEST_F(SysParPage, AnsweringNoOnLeavingThePageShowsWhatWasReadAgainInEveryControl) {
     rows_ = test::TableRows({"SysParTabSheet", "WinColorTabSheet"});
     prefix_.WriteWindowsFile("WIN.INI", kWinIni);
-    Start(SettingsFile(std::string(kLanguages) + kSystem), rows_);
+    Start(test::SettingsFileWithMain(std::string(kLanguages) + kSystem), rows_);
     Tick(Check("pCHB_FenWire"));
     ChooseItem(List("pCB_AutoSave"), 0);
     TypeAndLeave("pSLE_CalibDiam", QStringLiteral("3"));
@@ -557,7 +556,7 @@ TEST_F(SysParPage, AnsweringNoOnLeavingThePageShowsWhatWasReadAgainInEveryContro
 TEST_F(SysParPage, MenuEntryIsEnabledAndShowsThePage) {
     rows_ = test::TableRows({"SysParTabSheet", "WinColorTabSheet"});
     prefix_.WriteWindowsFile("WIN.INI", kWinIni);
-    Start(SettingsFile(kLanguages), rows_);
+    Start(test::SettingsFileWithMain(kLanguages), rows_);
     Action("KestelOther_WindowsColor")->trigger();
     QAction* entry = Action("KestelGenConf_SysParam");
     ASSERT_TRUE(entry->isEnabled());
