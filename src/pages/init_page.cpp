@@ -108,9 +108,9 @@ TInitPage::TInitPage(PageHost& host) : KestelPage(host) {
     // The part program: its options, then its three files, each a label over its edit.
     auto* pp = new QGridLayout(pGBX_PP);
     pp->setVerticalSpacing(4);
-    pp->addWidget(pCHB_AutoExec, 0, 0);
-    pp->addWidget(pCHB_PP_Mirror, 0, 1);
-    int row = 1;
+    pp->addWidget(pCHB_AutoExec, 0, 0, 1, 2);
+    pp->addWidget(pCHB_PP_Mirror, 1, 0, 1, 2);
+    int row = 2;
     for (auto [label, edit] : {std::pair<QLabel*, EditField*>{pST_PP_Name, pSLE_PP_Name},
                                {pST_DefProcName, pSLE_DefProcName},
                                {pST_DefNilFileName, pSLE_DefNilFileName}}) {
@@ -143,12 +143,10 @@ TInitPage::TInitPage(PageHost& host) : KestelPage(host) {
         ++row;
     }
     files->setColumnStretch(1, 1);
-    // The lists take the room there is; their longest items would otherwise widen the page
-    // beyond the window.
-    for (QComboBox* list : {pCB_ExitCode, pCB_AutoLoad}) {
-        list->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-        list->setMinimumContentsLength(12);
-    }
+    // The file sets take the room there is; their longest item would otherwise widen the page
+    // beyond the window. (The exit codes have the top row to themselves.)
+    pCB_AutoLoad->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    pCB_AutoLoad->setMinimumContentsLength(12);
     pCB_AutoLoad->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
 
     // Above: what happens at start and on leaving; below, side by side: the part program, and
