@@ -32,9 +32,6 @@ public:
     void Store() override;
     void Load(bool refreshAll) override;
 
-    // The list's position that the page works on.
-    int SelectedPosition() const { return selectedPosition_; }
-
 public slots:
     void pLB_ElementClick();
     void pSLE_NewDefaultExit();
