@@ -140,14 +140,14 @@ std::vector<LanguageListEntry> ReadLanguageList(const std::string& currentCode, 
                                                 LanguageCodeMatch match) {
     selectedIndex = 0;
     char keys[kLanguageKeysSize] = {};
-    std::uint32_t length =
-        GetPrivateProfileStringA("Languages", nullptr, "", keys, kLanguageKeysSize, kSettingsFile);
+    std::uint32_t length = GetPrivateProfileStringA(kLanguagesSection, nullptr, "", keys,
+                                                    kLanguageKeysSize, kSettingsFile);
 
     // Which keys the second file has at all: a key missing there differs even from an empty
     // value here.
     std::vector<char> keys32(32768);
     std::uint32_t length32 =
-        GetPrivateProfileStringA("Languages", nullptr, "", keys32.data(),
+        GetPrivateProfileStringA(kLanguagesSection, nullptr, "", keys32.data(),
                                  static_cast<std::uint32_t>(keys32.size()), kSettingsFile32);
     std::vector<std::string> names32 = SplitListing(keys32.data(), length32);
 
@@ -155,9 +155,9 @@ std::vector<LanguageListEntry> ReadLanguageList(const std::string& currentCode, 
     for (const std::string& key : SplitListing(keys, length)) {
         char value[kLanguageValueSize] = {};
         char value32[kLanguageValueSize] = {};
-        GetPrivateProfileStringA("Languages", key.c_str(), "", value, kLanguageValueSize,
+        GetPrivateProfileStringA(kLanguagesSection, key.c_str(), "", value, kLanguageValueSize,
                                  kSettingsFile);
-        GetPrivateProfileStringA("Languages", key.c_str(), "", value32, kLanguageValueSize,
+        GetPrivateProfileStringA(kLanguagesSection, key.c_str(), "", value32, kLanguageValueSize,
                                  kSettingsFile32);
         bool present32 = std::any_of(names32.begin(), names32.end(), [&](const std::string& n) {
             return EqualsIgnoringAsciiCase(n, key);

@@ -1,7 +1,10 @@
 #include "pages/page_table.h"
 
 #include "pages/axes_conv_page.h"
+#include "pages/default_points_page.h"
+#include "pages/init_page.h"
 #include "pages/mech_offsets_page.h"
+#include "pages/system_param_page.h"
 #include "pages/win_color_page.h"
 
 namespace wk {
@@ -22,12 +25,13 @@ const PageEntry kPages[] = {
      .startPage = true,
      .menu = {.name = "KestelGenConf_MacPar", .popup = MenuPopup::GeneralConfiguration,
               .position = 1, .captionId = 5, .hintId = 29}},
-    {.sheetName = "SysParTabSheet", .designCaption = "System Parameters", .factory = nullptr,
+    {.sheetName = "SysParTabSheet", .designCaption = "System Parameters",
+     .factory = &MakePage<TSysParPage>,
      .helpContext = 19, .storesOnOk = true, .refreshOnEntry = true, .refreshOnChange = false,
      .startPage = false,
      .menu = {.name = "KestelGenConf_SysParam", .popup = MenuPopup::GeneralConfiguration,
               .position = 2, .captionId = 6, .hintId = 30}},
-    {.sheetName = "InitTabSheet", .designCaption = "Init", .factory = nullptr,
+    {.sheetName = "InitTabSheet", .designCaption = "Init", .factory = &MakePage<TInitPage>,
      .helpContext = 20, .storesOnOk = true, .refreshOnEntry = true, .refreshOnChange = false,
      .startPage = false,
      .menu = {.name = "KestelGenConf_Init", .popup = MenuPopup::GeneralConfiguration,
@@ -45,7 +49,8 @@ const PageEntry kPages[] = {
               .position = 6, .captionId = 9, .hintId = 33,
               .separatorBefore = "KestelGenConf_ControlSeparator",
               .shownFor = &HasControllerOptions}},
-    {.sheetName = "NumPointsTabSheet", .designCaption = "Number of pts.", .factory = nullptr,
+    {.sheetName = "NumPointsTabSheet", .designCaption = "Number of pts.",
+     .factory = &MakePage<TNumPointsPage>,
      .helpContext = 23, .storesOnOk = true, .refreshOnEntry = true, .refreshOnChange = false,
      .startPage = false,
      .menu = {.name = "KestelElemPar_NumPts", .popup = MenuPopup::ElementParameters,

@@ -7,6 +7,15 @@
 
 #include "platform/profile_store.h"
 #include "platform/text_codec.h"
+#include "platform/windows_directory.h"
+
+#ifdef _WIN32
+#define WIN32_LEAN_AND_MEAN
+#ifndef NOMINMAX
+#define NOMINMAX
+#endif
+#include <windows.h>
+#endif
 
 namespace wk {
 namespace {
@@ -214,6 +223,15 @@ bool WritePrivateProfileStringA(const char* section, const char* key, const char
 
 std::uint32_t GetProfileStringA(const char* section, const char* key, const char* defaultValue,
                                 char* buffer, std::uint32_t size) {
+#ifdef _WIN32
+    // Windows keeps the user's profile (the printers of [devices] among it) in the registry
+    // and answers for it; only a stand-in Windows directory (SetWinePrefixOverride) has its
+    // WIN.INI read as a file.
+    if (platform::WinePrefixOverride().empty()) {
+        if (size == 0) return 0;
+        return ::GetProfileStringA(section, key, defaultValue, buffer, size);
+    }
+#endif
     return GetPrivateProfileStringA(section, key, defaultValue, buffer, size, nullptr);
 }
 

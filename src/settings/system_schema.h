@@ -10,6 +10,9 @@ namespace wk {
 
 // "Wzelko" is the file's main section, shared with other groups.
 inline constexpr WzelkoKey<const char*> kLanguageCode{"Wzelko", "LANGUAGE", KeyKind::Text, ""};
+// The languages offered for "LANGUAGE", in both files: each key a language's name, its value
+// the code that choosing it stores.
+inline constexpr const char* kLanguagesSection = "Languages";
 inline constexpr WzelkoKey<bool> kFenWire{"TOOL", "FENWIRE", KeyKind::Bool, true};
 inline constexpr WzelkoKey<bool> kTp200{"MEASUREPARAM", "TP200", KeyKind::Bool, false};
 // The calibration sphere's diameter, millimetres.

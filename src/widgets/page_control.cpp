@@ -110,6 +110,12 @@ void PageControl::ShowSheet(int index) {
     QWidget* old = stack_->currentWidget();
     QWidget* focus = QApplication::focusWidget();
     const bool focusWasOnSheet = old && focus && old->isAncestorOf(focus);
+    if (focusWasOnSheet) {
+        // Held by the tab row while the sheets change, so that the stack does not hand it to
+        // the control last focused on the new sheet on the way: that control would be entered
+        // and left at once, and its handlers would run for nothing.
+        tabBar_->setFocus(Qt::OtherFocusReason);
+    }
     stack_->setCurrentIndex(index);
     if (!focusWasOnSheet) {
         return;

@@ -34,9 +34,14 @@ const char* const kOffsets =
     "[MECHAOFFS]\r\noffx=0.000000\r\noffy=152.500000\r\noffz=-310.250000\r\ncompensoff=0."
     "000000\r\n";
 
+// The mechanical offsets page first, and a page to switch to.
+std::vector<PageEntry> FramePages() {
+    return test::TableRows({"MecOffTabSheet", "WinColorTabSheet"});
+}
+
 class Frame : public test::PageTest {
 protected:
-    void SetUp() override { Start(SettingsFile(kOffsets)); }
+    void SetUp() override { Start(SettingsFile(kOffsets), FramePages()); }
 
     bool AskedToSave(std::size_t index = 0) const {
         if (index >= script_.Shown().size()) {
@@ -301,7 +306,7 @@ bool StartsWith(const std::string& text, const std::string& start) {
 }
 
 TEST_F(FrameHelp, HelpContextIsThatOfTheActivePage) {
-    Start(SettingsFile(kOffsets));
+    Start(SettingsFile(kOffsets), FramePages());
     EXPECT_EQ(window_->HelpContextOfPage(), 21);
     Action("KestelHelp_Index")->trigger();
     const std::string args = viewer_.Args();

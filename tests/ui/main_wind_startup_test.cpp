@@ -430,9 +430,13 @@ TEST(PageTable, PagesNotBuiltAreAbsentAndTheirMenuEntriesDisabled) {
         }
     }
     EXPECT_EQ(pages->SheetCount(), sheet);
-    // The machine parameters page is not built yet: the first sheet is shown.
-    EXPECT_EQ(pages->ActivePage(), pages->Sheet(0));
-    EXPECT_EQ(pages->Sheet(0)->objectName(), QStringLiteral("MecOffTabSheet"));
+    // The start page if it is built, else the first sheet is shown.
+    const PageEntry* start = nullptr;
+    for (const PageEntry& entry : PageTable()) {
+        if (entry.startPage && entry.factory) start = &entry;
+    }
+    EXPECT_EQ(pages->ActivePage()->objectName(),
+              start ? QString::fromLatin1(start->sheetName) : pages->Sheet(0)->objectName());
 }
 
 }  // namespace

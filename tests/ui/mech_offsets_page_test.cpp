@@ -21,7 +21,15 @@ using test::PressTab;
 using test::SettingsFile;
 using test::TypeInto;
 
-class MecOffPage : public test::PageTest {};
+class MecOffPage : public test::PageTest {
+protected:
+    // The page alone in the window, shown.
+    void Start(const std::string& wzelkoIni) {
+        rows_ = test::TableRows({"MecOffTabSheet"});
+        PageTest::Start(wzelkoIni, rows_);
+    }
+    std::vector<PageEntry> rows_;
+};
 
 const char* const kFull =
     "[MACHINEPARAM]\r\nBRIDGE AXIS STROKE=1200.000000\r\n\r\n"

@@ -83,6 +83,16 @@ bool Exists(const TempWinePrefix& prefix, const std::string& name) {
     return fs::exists(prefix.WindowsFile(name));
 }
 
+std::vector<PageEntry> TableRows(std::initializer_list<std::string_view> sheetNames) {
+    std::vector<PageEntry> rows;
+    for (const PageEntry& entry : PageTable()) {
+        for (std::string_view name : sheetNames) {
+            if (name == entry.sheetName) rows.push_back(entry);
+        }
+    }
+    return rows;
+}
+
 std::unique_ptr<TKestelMainWind> StartWindow(MessageScript& script,
                                              std::vector<std::string> commandLine,
                                              std::span<const PageEntry> pages) {

@@ -5,9 +5,11 @@
 #include <QString>
 #include <deque>
 #include <filesystem>
+#include <initializer_list>
 #include <memory>
 #include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "pages/page_table.h"
@@ -62,6 +64,10 @@ private:
     std::vector<MessageBoxRequest> shown_;
     MessageBoxPresenter previous_;
 };
+
+// The rows of the table of pages of the given sheets, in table order: a window of just the pages
+// a test is about, whichever other pages are built.
+std::vector<PageEntry> TableRows(std::initializer_list<std::string_view> sheetNames);
 
 // The main window with `pages`, shown and activated, its message boxes answered by `script`;
 // the start-up sequence has run (or failed).

@@ -266,5 +266,36 @@ TEST(PageControl, SwitchingAwayFromTheFocusedSheetEntersTheNewSheet) {
     EXPECT_EQ(t.entered.back(), t.sheets[1]);
 }
 
+TEST(PageControl, SwitchingSheetsEntersNoOtherControlOfTheNewSheetOnTheWay) {
+    QWidget window;
+    auto* pages = new PageControl(&window);
+    auto* layout = new QVBoxLayout(&window);
+    layout->addWidget(pages);
+    auto* a = new QWidget;
+    auto* edit = new EditField(a);
+    (new QVBoxLayout(a))->addWidget(edit);
+    auto* b = new QWidget;
+    auto* first = new EditField(b);
+    auto* second = new EditField(b);
+    auto* bLayout = new QVBoxLayout(b);
+    bLayout->addWidget(first);
+    bLayout->addWidget(second);
+    pages->AddSheet(a, QStringLiteral("A"));
+    pages->AddSheet(b, QStringLiteral("B"));
+    window.show();
+    window.activateWindow();
+    (void)QTest::qWaitForWindowActive(&window, 2000);
+
+    pages->SetActivePage(b);
+    second->setFocus(Qt::MouseFocusReason);  // the control last focused on B
+    pages->SetActivePage(a);
+    edit->setFocus(Qt::MouseFocusReason);
+    int secondEntered = 0;
+    QObject::connect(second, &EditField::Enter, [&] { ++secondEntered; });
+    pages->SetActivePage(b);
+    EXPECT_TRUE(first->hasFocus());
+    EXPECT_EQ(secondEntered, 0);
+}
+
 }  // namespace
 }  // namespace wk
