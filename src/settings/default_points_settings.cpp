@@ -36,9 +36,12 @@ bool DefaultPointsSettings::Read() {
         const std::uint32_t value =
             ReadProfileInt(kDefaultPointsKeys[i], static_cast<std::int32_t>(current.Count));
         LastPointsRead = value;
-        // Unsigned comparison, as the measuring application makes it: a count below the
-        // minimum is ignored, but a negative one passes as a very large count.
-        if (value >= current.Count - 1 && !current.Fixed) current.Count = value;
+        // A count below the element's minimum is ignored. The comparison is unsigned, so a
+        // negative count passes as a very large one. It is made against the minimum itself
+        // rather than against the count held now less one: both are the same on the first
+        // read (the count is then the default, minimum + 1), but a re-read after the user
+        // discarded a Set must take the file's count back, however high the Set was.
+        if (value >= MinimumPoints[i].Count && !current.Fixed) current.Count = value;
     }
     return true;
 }

@@ -40,6 +40,19 @@ TEST_F(DefaultPointsSettingsTest, CircleTwoIsIgnoredAndThreeIsTaken) {
     EXPECT_EQ(ReadRecord()->CurrentPoints[0].Count, 3u);
 }
 
+TEST_F(DefaultPointsSettingsTest, ReReadAfterAHigherCountTakesTheFilesCountBack) {
+    // The user sets a circle to 10 and then discards the change: the file's 4 must come back.
+    File(Crlf({"[DEFAULT PTS]", "CIRCLE=4"}));
+    auto record = ReadRecord();
+    record->CurrentPoints[0].Count = 10;
+    record->ReadAll();
+    EXPECT_EQ(record->CurrentPoints[0].Count, 4u);
+    // Below the minimum is still ignored on a re-read: the count held stays.
+    File(Crlf({"[DEFAULT PTS]", "CIRCLE=2"}));
+    record->ReadAll();
+    EXPECT_EQ(record->CurrentPoints[0].Count, 4u);
+}
+
 TEST_F(DefaultPointsSettingsTest, CountsAboveTheLimitAreTakenAsTheyAre) {
     File(Crlf({"[DEFAULT PTS]", "TORUS=5000"}));
     EXPECT_EQ(ReadRecord()->CurrentPoints[11].Count, 5000u);
