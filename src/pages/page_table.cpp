@@ -1,6 +1,7 @@
 #include "pages/page_table.h"
 
 #include "pages/axes_conv_page.h"
+#include "pages/controller_page.h"
 #include "pages/mech_offsets_page.h"
 #include "pages/win_color_page.h"
 
@@ -38,7 +39,8 @@ const PageEntry kPages[] = {
      .startPage = false,
      .menu = {.name = "KestelGenConf_MecOff", .popup = MenuPopup::GeneralConfiguration,
               .position = 5, .captionId = 8, .hintId = 32}},
-    {.sheetName = "ControllerTabSheet", .designCaption = "Controller", .factory = nullptr,
+    {.sheetName = "ControllerTabSheet", .designCaption = "Controller",
+     .factory = &MakePage<TControllerPage>,
      .helpContext = 22, .storesOnOk = true, .refreshOnEntry = true, .refreshOnChange = false,
      .startPage = false,
      .menu = {.name = "KestelGenConf_Controller", .popup = MenuPopup::GeneralConfiguration,
