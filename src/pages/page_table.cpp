@@ -3,6 +3,7 @@
 #include "pages/axes_conv_page.h"
 #include "pages/controller_page.h"
 #include "pages/mech_offsets_page.h"
+#include "pages/sounds_page.h"
 #include "pages/win_color_page.h"
 
 namespace wk {
@@ -52,7 +53,7 @@ const PageEntry kPages[] = {
      .startPage = false,
      .menu = {.name = "KestelElemPar_NumPts", .popup = MenuPopup::ElementParameters,
               .position = 1, .captionId = 14, .hintId = 34}},
-    {.sheetName = "SoundsTabSheet", .designCaption = "Sounds", .factory = nullptr,
+    {.sheetName = "SoundsTabSheet", .designCaption = "Sounds", .factory = &MakePage<TSoundsPage>,
      .helpContext = 26, .storesOnOk = true, .refreshOnEntry = true, .refreshOnChange = false,
      .startPage = false,
      .menu = {.name = "KestelOther_Sounds", .popup = MenuPopup::Other,

@@ -7,49 +7,19 @@
 #include <QElapsedTimer>
 #include <QFileInfo>
 #include <QTest>
-#include <cmath>
-#include <cstdint>
 #include <filesystem>
 #include <optional>
 #include <string>
 
 #include "platform/scratch_directory.h"
 #include "support/file_bytes.h"
+#include "wave_files.h"
 #include "widgets/wave_player_loader.h"
 
 namespace wk {
 namespace {
 
 namespace fs = std::filesystem;
-
-void PutLittleEndian(std::string& bytes, std::uint32_t value, int size) {
-    for (int i = 0; i < size; ++i) bytes += static_cast<char>((value >> (8 * i)) & 0xFF);
-}
-
-// A short beep: 16-bit mono PCM at 8 kHz.
-std::string BeepWave() {
-    constexpr std::uint32_t kRate = 8000;
-    constexpr std::uint32_t kSamples = kRate / 5;
-    std::string data;
-    for (std::uint32_t i = 0; i < kSamples; ++i) {
-        const auto sample =
-            static_cast<std::int16_t>(8000 * std::sin(2 * 3.14159265 * 880 * i / kRate));
-        PutLittleEndian(data, static_cast<std::uint16_t>(sample), 2);
-    }
-    std::string wave = "RIFF";
-    PutLittleEndian(wave, static_cast<std::uint32_t>(36 + data.size()), 4);
-    wave += "WAVEfmt ";
-    PutLittleEndian(wave, 16, 4);
-    PutLittleEndian(wave, 1, 2);  // PCM
-    PutLittleEndian(wave, 1, 2);  // mono
-    PutLittleEndian(wave, kRate, 4);
-    PutLittleEndian(wave, kRate * 2, 4);
-    PutLittleEndian(wave, 2, 2);
-    PutLittleEndian(wave, 16, 2);
-    wave += "data";
-    PutLittleEndian(wave, static_cast<std::uint32_t>(data.size()), 4);
-    return wave + data;
-}
 
 struct Reported {
     WavePlayer::Outcome outcome;
@@ -102,7 +72,8 @@ TEST_F(WavePlayerPlugin, TheProgramsFolderHoldsThePlugin) {
 TEST_F(WavePlayerPlugin, AWaveFileIsPlayedOrTheMissingAudioDeviceIsReported) {
     std::unique_ptr<WavePlayer> player = Load();
     ASSERT_TRUE(player);
-    const std::optional<Reported> reported = PlayAndWait(*player, File("beep.wav", BeepWave()));
+    const std::optional<Reported> reported =
+        PlayAndWait(*player, File("beep.wav", test::BeepWave()));
     ASSERT_TRUE(reported) << "no report within 10 s";
     EXPECT_TRUE(reported->outcome == WavePlayer::Outcome::Playing ||
                 reported->outcome == WavePlayer::Outcome::NoAudioDevice)
@@ -134,9 +105,10 @@ TEST_F(WavePlayerPlugin, APlayOvertakenByTheNextIsNotReported) {
     std::unique_ptr<WavePlayer> player = Load();
     ASSERT_TRUE(player);
     int firstReports = 0;
-    player->Play(File("first.wav", BeepWave()),
+    player->Play(File("first.wav", test::BeepWave()),
                  [&](WavePlayer::Outcome, const QString&) { ++firstReports; });
-    const std::optional<Reported> second = PlayAndWait(*player, File("second.wav", BeepWave()));
+    const std::optional<Reported> second =
+        PlayAndWait(*player, File("second.wav", test::BeepWave()));
     ASSERT_TRUE(second);
     QTest::qWait(50);
     EXPECT_EQ(firstReports, 0);
@@ -147,7 +119,7 @@ TEST_F(WavePlayerPlugin, APlayerDestroyedWhileLoadingReportsNothingAndDoesNotCra
     {
         std::unique_ptr<WavePlayer> player = Load();
         ASSERT_TRUE(player);
-        player->Play(File("beep.wav", BeepWave()),
+        player->Play(File("beep.wav", test::BeepWave()),
                      [&](WavePlayer::Outcome, const QString&) { ++reports; });
     }
     QTest::qWait(200);
