@@ -2,6 +2,7 @@
 
 #include "pages/axes_conv_page.h"
 #include "pages/controller_page.h"
+#include "pages/directories_page.h"
 #include "pages/mech_offsets_page.h"
 #include "pages/sounds_page.h"
 #include "pages/win_color_page.h"
@@ -64,7 +65,8 @@ const PageEntry kPages[] = {
      .startPage = false,
      .menu = {.name = "KestelOther_WindowsColor", .popup = MenuPopup::Other,
               .position = 2, .captionId = 16, .hintId = 37}},
-    {.sheetName = "DirectoriesTabSheet", .designCaption = "Directories", .factory = nullptr,
+    {.sheetName = "DirectoriesTabSheet", .designCaption = "Directories",
+     .factory = &MakePage<TDirectoriesPage>,
      .helpContext = 30, .storesOnOk = true, .refreshOnEntry = false, .refreshOnChange = false,
      .startPage = false,
      .menu = {.name = "KestelOther_Directories", .popup = MenuPopup::Other,
