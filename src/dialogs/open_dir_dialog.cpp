@@ -10,6 +10,7 @@
 #include <QPushButton>
 #include <QSignalBlocker>
 #include <QStyle>
+#include <QStyledItemDelegate>
 #include <QVBoxLayout>
 #include <algorithm>
 #include <cctype>
@@ -34,8 +35,31 @@ namespace {
 constexpr int kWidth = 418;
 constexpr int kHeight = 237;
 
-// The list items carry the path they stand for.
+// The list items carry the path they stand for, and their depth below the drive's root.
 constexpr int kPathRole = Qt::UserRole;
+constexpr int kDepthRole = Qt::UserRole + 1;
+// How far each level is indented.
+constexpr int kIndent = 16;
+
+// Draws each directory indented by its depth, folder and name together, so that the list reads
+// as the way down from the root.
+class IndentingDelegate : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option,
+               const QModelIndex& index) const override {
+        QStyleOptionViewItem indented = option;
+        indented.rect.adjust(Indent(index), 0, 0, 0);
+        QStyledItemDelegate::paint(painter, indented, index);
+    }
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+        return QStyledItemDelegate::sizeHint(option, index) + QSize(Indent(index), 0);
+    }
+
+private:
+    static int Indent(const QModelIndex& index) { return index.data(kDepthRole).toInt() * kIndent; }
+};
 
 bool HasDrive(const std::string& path) {
     return path.size() >= 2 && std::isalpha(static_cast<unsigned char>(path[0])) && path[1] == ':';
@@ -139,6 +163,7 @@ TOpenDirDialog::TOpenDirDialog(QWidget* owner) : QDialog(owner) {
     DirectoryLisBox->setObjectName(QStringLiteral("DirectoryLisBox"));
     DirectoryLisBox->setSelectionMode(QAbstractItemView::SingleSelection);
     DirectoryLisBox->setAccessibleName(QStringLiteral("Directories"));
+    DirectoryLisBox->setItemDelegate(new IndentingDelegate(DirectoryLisBox));
     DirectoryLisBox->installEventFilter(this);
     DriveNote = new QLabel(this);
     DriveNote->setObjectName(QStringLiteral("DriveNote"));
@@ -252,8 +277,9 @@ void TOpenDirDialog::OpenDirectory(const std::string& dosPath) {
         const QIcon closed = style()->standardIcon(QStyle::SP_DirClosedIcon);
         const auto add = [&](const QIcon& icon, int depth, const QString& name,
                              const std::string& dos) {
-            auto* item = new QListWidgetItem(icon, QString(depth * 3, QLatin1Char(' ')) + name);
+            auto* item = new QListWidgetItem(icon, name);
             item->setData(kPathRole, QByteArray::fromStdString(dos));
+            item->setData(kDepthRole, depth);
             DirectoryLisBox->addItem(item);
             return item;
         };

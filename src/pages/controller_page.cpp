@@ -206,11 +206,20 @@ void TControllerPage::BuildLayout() {
         r.label->setBuddy(r.edit);
         limits->addWidget(r.label, row, 0, Qt::AlignRight | Qt::AlignVCenter);
         limits->addWidget(r.edit, row, 1);
-        limits->addWidget(r.unit, row, 2, Qt::AlignLeft | Qt::AlignVCenter);
+        if (r.unit == pFT_MAccUnity) {
+            // The exponent right after the unit, raised: mm / s².
+            auto* unit = new QHBoxLayout;
+            unit->setSpacing(1);
+            unit->addWidget(pFT_MAccUnity, 0, Qt::AlignVCenter);
+            unit->addWidget(pFT_Square, 0, Qt::AlignTop);
+            unit->addStretch(1);
+            limits->addLayout(unit, row, 2);
+        } else {
+            limits->addWidget(r.unit, row, 2, Qt::AlignLeft | Qt::AlignVCenter);
+        }
         ++row;
     }
-    limits->addWidget(pFT_Square, row - 1, 3, Qt::AlignLeft | Qt::AlignTop);
-    limits->setColumnStretch(4, 1);
+    limits->setColumnStretch(3, 1);
 
     auto* right = new QVBoxLayout;
     right->addWidget(pGrBox_SpeedAndAccel);
