@@ -1,9 +1,12 @@
 #include "pages/page_table.h"
 
 #include "pages/axes_conv_page.h"
+#include "pages/controller_page.h"
 #include "pages/default_points_page.h"
+#include "pages/directories_page.h"
 #include "pages/init_page.h"
 #include "pages/mech_offsets_page.h"
+#include "pages/sounds_page.h"
 #include "pages/system_param_page.h"
 #include "pages/win_color_page.h"
 
@@ -42,7 +45,8 @@ const PageEntry kPages[] = {
      .startPage = false,
      .menu = {.name = "KestelGenConf_MecOff", .popup = MenuPopup::GeneralConfiguration,
               .position = 5, .captionId = 8, .hintId = 32}},
-    {.sheetName = "ControllerTabSheet", .designCaption = "Controller", .factory = nullptr,
+    {.sheetName = "ControllerTabSheet", .designCaption = "Controller",
+     .factory = &MakePage<TControllerPage>,
      .helpContext = 22, .storesOnOk = true, .refreshOnEntry = true, .refreshOnChange = false,
      .startPage = false,
      .menu = {.name = "KestelGenConf_Controller", .popup = MenuPopup::GeneralConfiguration,
@@ -55,7 +59,7 @@ const PageEntry kPages[] = {
      .startPage = false,
      .menu = {.name = "KestelElemPar_NumPts", .popup = MenuPopup::ElementParameters,
               .position = 1, .captionId = 14, .hintId = 34}},
-    {.sheetName = "SoundsTabSheet", .designCaption = "Sounds", .factory = nullptr,
+    {.sheetName = "SoundsTabSheet", .designCaption = "Sounds", .factory = &MakePage<TSoundsPage>,
      .helpContext = 26, .storesOnOk = true, .refreshOnEntry = true, .refreshOnChange = false,
      .startPage = false,
      .menu = {.name = "KestelOther_Sounds", .popup = MenuPopup::Other,
@@ -66,7 +70,8 @@ const PageEntry kPages[] = {
      .startPage = false,
      .menu = {.name = "KestelOther_WindowsColor", .popup = MenuPopup::Other,
               .position = 2, .captionId = 16, .hintId = 37}},
-    {.sheetName = "DirectoriesTabSheet", .designCaption = "Directories", .factory = nullptr,
+    {.sheetName = "DirectoriesTabSheet", .designCaption = "Directories",
+     .factory = &MakePage<TDirectoriesPage>,
      .helpContext = 30, .storesOnOk = true, .refreshOnEntry = false, .refreshOnChange = false,
      .startPage = false,
      .menu = {.name = "KestelOther_Directories", .popup = MenuPopup::Other,

@@ -1,5 +1,14 @@
 #include "platform/dos_paths.h"
 
+#ifdef _WIN32
+#define WIN32_LEAN_AND_MEAN
+#ifndef NOMINMAX
+#define NOMINMAX
+#endif
+#include <windows.h>
+#endif
+
+#include <algorithm>
 #include <cctype>
 #include <cstdio>
 #include <filesystem>
@@ -157,6 +166,26 @@ std::optional<std::string> HostToDosPath(const std::string& hostPath) {
     if (!any) dos += "\\";
     return dos;
 #endif
+}
+
+std::vector<DosDrive> DosDrives() {
+    std::vector<DosDrive> drives;
+#ifdef _WIN32
+    const DWORD mask = ::GetLogicalDrives();
+    for (int i = 0; i < 26; ++i) {
+        if (mask & (DWORD{1} << i)) {
+            const char letter = static_cast<char>('A' + i);
+            drives.push_back({letter, std::string(1, letter) + ":\\"});
+        }
+    }
+#else
+    for (const auto& [letter, target] : Drives()) {
+        drives.push_back({ToUpperAscii(letter), target.string()});
+    }
+    std::sort(drives.begin(), drives.end(),
+              [](const DosDrive& a, const DosDrive& b) { return a.letter < b.letter; });
+#endif
+    return drives;
 }
 
 std::string ToHostPath(const std::string& path) {

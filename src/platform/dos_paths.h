@@ -9,6 +9,7 @@
 #include <cstdio>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace wk::platform {
 
@@ -24,6 +25,18 @@ std::optional<std::string> DosToHostPath(const std::string& dosPath);
 // The path of the measuring application for a host path: the drive whose link target
 // contains it, with '\' separators. nullopt when no drive of the prefix reaches it.
 std::optional<std::string> HostToDosPath(const std::string& hostPath);
+
+// A drive the measuring application can name: its letter, upper case, and the host directory
+// it stands for. Under Wine that is the target of the prefix's dosdevices link, which need not
+// exist (a drive whose medium is missing); on Windows the drive's root, "D:\".
+struct DosDrive {
+    char letter;
+    std::string hostRoot;
+};
+
+// The drives, in letter order: under Wine the letters of the prefix's dosdevices links, C:
+// always (drive_c when it has no link); on Windows the logical drives.
+std::vector<DosDrive> DosDrives();
 
 // Any path the program handles (a bare name is taken relative to the working directory;
 // a dos path is mapped; a host path is kept) as a host path.
