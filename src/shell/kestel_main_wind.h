@@ -112,6 +112,7 @@ private:
     bool terminationRequested_ = false;
     bool destroying_ = false;
     bool languageLoaded_ = false;
+    std::string helpLanguage_;  // the language code the help file was looked for with
 
     MainMenu menu_;
     PageControl* pageControl_ = nullptr;

@@ -14,6 +14,11 @@ PageControl::PageControl(QWidget* parent)
     tabBar_->setDrawBase(true);
     tabBar_->setExpanding(false);
     tabBar_->setUsesScrollButtons(true);
+    // The arrows that scroll a tab row too long for the window are for the mouse: the keyboard
+    // moves along the tabs with the arrow keys, and Tab goes from the tabs into the page.
+    for (QWidget* arrow : tabBar_->findChildren<QWidget*>()) {
+        arrow->setFocusPolicy(Qt::NoFocus);
+    }
     stack_->setFrameShape(QFrame::StyledPanel);
 
     auto* layout = new QVBoxLayout(this);
