@@ -1,5 +1,6 @@
 #include "pages/axes_conv_page.h"
 
+#include <QButtonGroup>
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 
@@ -35,6 +36,7 @@ QToolButton* MakeButton(QWidget* parent, const char* name, const char* caption) 
     button->setAutoRaise(false);
     button->setMinimumSize(kPictureSide + 40, kPictureSide + 48);
     button->setFocusPolicy(Qt::StrongFocus);
+    button->setCheckable(true);
     return button;
 }
 
@@ -60,6 +62,12 @@ TAxesConvPage::TAxesConvPage(PageHost& host) : KestelPage(host) {
     page->addLayout(buttons);
     page->addStretch(2);
 
+    // One of the two is always chosen: a click on the chosen one leaves it down.
+    auto* conventions = new QButtonGroup(this);
+    conventions->setExclusive(true);
+    conventions->addButton(pGB_QenAxes);
+    conventions->addButton(pGB_KVAxes);
+
     connect(pGB_QenAxes, &QToolButton::clicked, this, &TAxesConvPage::pGB_QenAxesClick);
     connect(pGB_KVAxes, &QToolButton::clicked, this, &TAxesConvPage::pGB_KVAxesClick);
 }
@@ -69,13 +77,15 @@ void TAxesConvPage::CopyGlyph(QToolButton* button, const QLabel* picture) {
 }
 
 void TAxesConvPage::ShowState() {
-    if (host_.Settings().QenAxesConvention) {
-        CopyGlyph(pGB_QenAxes, QenAxesOn);
-        CopyGlyph(pGB_KVAxes, VKAxesOff);
-    } else {
-        CopyGlyph(pGB_QenAxes, QenAxesOff);
-        CopyGlyph(pGB_KVAxes, VKAxesOn);
-    }
+    ShowChosen(host_.Settings().QenAxesConvention);
+}
+
+void TAxesConvPage::ShowChosen(bool qen) {
+    CopyGlyph(pGB_QenAxes, qen ? QenAxesOn : QenAxesOff);
+    CopyGlyph(pGB_KVAxes, qen ? VKAxesOff : VKAxesOn);
+    // The chosen button is also down, which is how a screen reader tells the two apart.
+    pGB_QenAxes->setChecked(qen);
+    pGB_KVAxes->setChecked(!qen);
 }
 
 void TAxesConvPage::Initialise() {
@@ -93,8 +103,7 @@ void TAxesConvPage::pGB_QenAxesClick() {
     SetupSettings& settings = host_.Settings();
     // The convention already chosen: nothing changes, and the record is not marked modified.
     if (settings.QenAxesConvention) return;
-    CopyGlyph(pGB_QenAxes, QenAxesOn);
-    CopyGlyph(pGB_KVAxes, VKAxesOff);
+    ShowChosen(true);
     settings.QenAxesConvention = true;
     host_.MarkModified();
 }
@@ -102,8 +111,7 @@ void TAxesConvPage::pGB_QenAxesClick() {
 void TAxesConvPage::pGB_KVAxesClick() {
     SetupSettings& settings = host_.Settings();
     if (!settings.QenAxesConvention) return;
-    CopyGlyph(pGB_QenAxes, QenAxesOff);
-    CopyGlyph(pGB_KVAxes, VKAxesOn);
+    ShowChosen(false);
     settings.QenAxesConvention = false;
     host_.MarkModified();
 }
