@@ -51,9 +51,15 @@ ClientArea BuildClientArea(QMainWindow& window) {
     statusBar->addWidget(pBottBar, 1);
     window.setStatusBar(statusBar);
 
-    pageControl->setVisible(false);
-    pOK->setVisible(false);
-    pCancel->setVisible(false);
+    // Hidden until start-up has filled the pages, they keep their room meanwhile: the window
+    // opens at the size the pages ask for and keeps it when they appear.
+    for (QWidget* control : {static_cast<QWidget*>(pageControl), static_cast<QWidget*>(pOK),
+                             static_cast<QWidget*>(pCancel)}) {
+        QSizePolicy policy = control->sizePolicy();
+        policy.setRetainSizeWhenHidden(true);
+        control->setSizePolicy(policy);
+        control->setVisible(false);
+    }
     return {pageControl, pOK, pCancel, pBottBar};
 }
 

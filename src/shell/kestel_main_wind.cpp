@@ -2,6 +2,7 @@
 
 #include <QAction>
 #include <QCloseEvent>
+#include <QCoreApplication>
 #include <QDir>
 #include <QKeyEvent>
 #include <QLabel>
@@ -160,13 +161,6 @@ void TKestelMainWind::BuildFrame() {
     // Enter and Escape reach them through keyPressEvent.
     connect(pOK_, &QPushButton::clicked, this, &TKestelMainWind::pOKClick);
     connect(pCancel_, &QPushButton::clicked, this, &TKestelMainWind::pCancelClick);
-
-    // The window opens at the size its pages ask for, although start-up shows them later.
-    const std::vector<QWidget*> hidden = {pageControl_, pOK_, pCancel_};
-    for (QWidget* control : hidden) control->setVisible(true);
-    const QSize wanted = sizeHint();
-    for (QWidget* control : hidden) control->setVisible(false);
-    resize(wanted);
 }
 
 QString TKestelMainWind::LanguageText(int id) const {
@@ -272,8 +266,20 @@ bool TKestelMainWind::FirstActivation() {
     pageControl_->setVisible(true);
     pOK_->setVisible(true);
     pCancel_->setVisible(true);
+    SettleLayouts();
     ready_ = true;
     return true;
+}
+
+void TKestelMainWind::SettleLayouts() {
+    // The pages have just been shown with the language's captions. Each layout that changes
+    // tells the one around it by a posted event, so the news takes one pass per level (page,
+    // page control, client area, window) to reach the window; it does so now, before anything
+    // is drawn or clicked, and the window has the size the pages need from the start.
+    constexpr int kLevels = 8;
+    for (int pass = 0; pass < kLevels; ++pass) {
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+    }
 }
 
 QWidget* TKestelMainWind::StartPage() const {

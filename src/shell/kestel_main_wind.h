@@ -95,6 +95,7 @@ private:
     void KestelPageControlChange();
     void SheetEnter(QWidget* sheet);
     QWidget* StartPage() const;
+    void SettleLayouts();
     // The row of the table whose page is `sheet`, or of the active page; -1 for none.
     int RowOf(const QWidget* sheet) const;
     int ActiveRow() const;
