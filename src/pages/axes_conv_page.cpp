@@ -1,6 +1,5 @@
 #include "pages/axes_conv_page.h"
 
-#include <QButtonGroup>
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 
@@ -62,12 +61,6 @@ TAxesConvPage::TAxesConvPage(PageHost& host) : KestelPage(host) {
     page->addLayout(buttons);
     page->addStretch(2);
 
-    // One of the two is always chosen: a click on the chosen one leaves it down.
-    auto* conventions = new QButtonGroup(this);
-    conventions->setExclusive(true);
-    conventions->addButton(pGB_QenAxes);
-    conventions->addButton(pGB_KVAxes);
-
     connect(pGB_QenAxes, &QToolButton::clicked, this, &TAxesConvPage::pGB_QenAxesClick);
     connect(pGB_KVAxes, &QToolButton::clicked, this, &TAxesConvPage::pGB_KVAxesClick);
 }
@@ -102,7 +95,8 @@ void TAxesConvPage::Load(bool /*refreshAll*/) {
 void TAxesConvPage::pGB_QenAxesClick() {
     SetupSettings& settings = host_.Settings();
     // The convention already chosen: nothing changes, and the record is not marked modified.
-    if (settings.QenAxesConvention) return;
+    // The click has let the button up, which is put right: the chosen one stays down.
+    if (settings.QenAxesConvention) return ShowChosen(true);
     ShowChosen(true);
     settings.QenAxesConvention = true;
     host_.MarkModified();
@@ -110,7 +104,7 @@ void TAxesConvPage::pGB_QenAxesClick() {
 
 void TAxesConvPage::pGB_KVAxesClick() {
     SetupSettings& settings = host_.Settings();
-    if (!settings.QenAxesConvention) return;
+    if (!settings.QenAxesConvention) return ShowChosen(false);
     ShowChosen(false);
     settings.QenAxesConvention = false;
     host_.MarkModified();

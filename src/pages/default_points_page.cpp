@@ -40,7 +40,9 @@ QString RangeText(std::uint32_t minimum) {
 }  // namespace
 
 TNumPointsPage::TNumPointsPage(PageHost& host) : KestelPage(host) {
-    auto* frame = new QGroupBox(this);
+    // A plain frame around the page's controls: it has no caption, and no name to give.
+    auto* frame = new QFrame(this);
+    frame->setFrameShape(QFrame::StyledPanel);
     pST_ListElement = MakeFormLabel(frame, "pST_ListElement", "Element List");
     pLB_Element = new QListWidget(frame);
     pLB_Element->setObjectName(QStringLiteral("pLB_Element"));

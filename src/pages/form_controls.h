@@ -1,8 +1,7 @@
 #pragma once
-// What the system parameters, start-up options and default points pages share: making the
-// controls of a form (each named with its objectName and showing its form caption until the
-// language strings caption it), and the texts between the settings files (ANSI code page)
-// and the controls.
+// What the pages share: making the controls of a form (each named with its objectName and
+// showing its form caption until the language strings caption it), naming them for a screen
+// reader, and the texts between the settings files (ANSI code page) and the controls.
 
 #include <QString>
 #include <initializer_list>
@@ -35,8 +34,11 @@ std::string AnsiOf(const QString& text);
 // What an edit holds, as the settings files hold text.
 std::string AnsiText(const QLineEdit* edit);
 
-// A label's buddy takes the label's text (without its mnemonic mark) as its accessible name,
-// so that a screen reader names an edit or a list after its caption.
+// A caption as a screen reader says it: without the "&" of its mnemonic, the blanks around it
+// and a closing colon ("&Data :" is "Data").
+QString SpokenCaption(const QString& caption);
+// A label's buddy takes the label's text, as spoken, as its accessible name, so that a screen
+// reader names an edit or a list after its caption.
 void NameAfterLabel(const QLabel* label);
 // A control whose caption is its own text is named after it.
 void NameAfterCaption(std::initializer_list<QWidget*> controls);

@@ -5,7 +5,6 @@
 
 #include <gtest/gtest.h>
 
-#include <QAccessible>
 #include <QAction>
 #include <QApplication>
 #include <QCheckBox>
@@ -22,11 +21,10 @@
 #include <string>
 #include <vector>
 
-#include "page_controls.h"
+#include "page_checks.h"
 #include "page_test_fixture.h"
 #include "platform/text_codec.h"
 #include "platform/text_to_number.h"
-#include "random_typing.h"
 #include "settings/setup_settings.h"
 #include "shell/kestel_main_wind.h"
 #include "widgets/page_control.h"
@@ -154,18 +152,6 @@ TEST_F(ControllerPage, TheWindowCaptionNamesTheController) {
                                               QStringLiteral("]"))
             << c.type;
         CloseWindow();
-    }
-}
-
-TEST_F(ControllerPage, EveryControlHasAnAccessibleName) {
-    StartController("RMD");
-    const test::PageControls* controls = test::ControlsOf("ControllerTabSheet");
-    ASSERT_NE(controls, nullptr);
-    for (const char* name : controls->controls) {
-        QAccessibleInterface* accessible =
-            QAccessible::queryAccessibleInterface(Find<QWidget>(name));
-        ASSERT_NE(accessible, nullptr) << name;
-        EXPECT_FALSE(accessible->text(QAccessible::Name).isEmpty()) << name;
     }
 }
 
@@ -343,7 +329,7 @@ TEST_F(ControllerPage, ABaseAddressThatIsNotHexadecimalIsReportedAndTheAddressKe
 TEST_F(ControllerPage, AnEmptyBaseAddressIsReportedAndKeepsThePreviousValue) {
     StartController("TQ");
     QLineEdit* address = Edit("pSLE_BaseAddr");
-    test::Retype(address, QString());
+    test::TypeInto(address, QString());
     PressTab(address);
     ASSERT_EQ(script_.Count(), 1);
     EXPECT_EQ(Record().BaseAddress, 0x300u);
@@ -549,7 +535,7 @@ TEST_F(ControllerPage, RandomTextInEveryEditIsStoredOrReportedAndNeverDamagesThe
         const char* edits[3];
     } runs[] = {{"RMD", {"pSLE_MaxMSpeed", "pSLE_MaxPSpeed", "pSLE_MaxAccell"}},
                 {"TQ", {"pSLE_BaseAddr", nullptr, nullptr}}};
-    test::RandomTyping typing(20240517);
+    test::RandomText typing(20240517);
     for (const auto& run : runs) {
         const std::string file =
             ControllerFile(run.type, kControllerLines,
@@ -572,7 +558,7 @@ TEST_F(ControllerPage, RandomTextInEveryEditIsStoredOrReportedAndNeverDamagesThe
             const QString text = typing.Next();
             const int messages = script_.Count();
             const SetupSettings before = Record();
-            test::Retype(edit, text);
+            test::TypeInto(edit, text);
             const QString typed = edit->text();
             switch (typing.Below(4)) {
                 case 0:

@@ -5,7 +5,6 @@
 
 #include <gtest/gtest.h>
 
-#include <QAccessible>
 #include <QApplication>
 #include <QLabel>
 #include <QLineEdit>
@@ -16,10 +15,9 @@
 #include <string>
 
 #include "dialogs/open_dir_dialog.h"
-#include "page_controls.h"
+#include "page_checks.h"
 #include "page_test_fixture.h"
 #include "platform/text_codec.h"
-#include "random_typing.h"
 #include "settings/setup_settings.h"
 #include "shell/kestel_main_wind.h"
 #include "widgets/dialog_answers.h"
@@ -73,18 +71,6 @@ TEST_F(DirectoriesPage, CaptionsComeFromTheLanguageStrings) {
     for (int i = 0; i < 5; ++i) EXPECT_EQ(Label(labels[i])->text(), Language(450 + i)) << i;
     EXPECT_EQ(Button("pPB_BrowserDir")->text(), Language(134));
     EXPECT_EQ(page_->OpenDirDialog().windowTitle(), Language(455));
-}
-
-TEST_F(DirectoriesPage, EveryControlHasAnAccessibleName) {
-    StartDirectories();
-    const test::PageControls* controls = test::ControlsOf("DirectoriesTabSheet");
-    ASSERT_NE(controls, nullptr);
-    for (const char* name : controls->controls) {
-        QAccessibleInterface* accessible =
-            QAccessible::queryAccessibleInterface(Find<QWidget>(name));
-        ASSERT_NE(accessible, nullptr) << name;
-        EXPECT_FALSE(accessible->text(QAccessible::Name).isEmpty()) << name;
-    }
 }
 
 TEST_F(DirectoriesPage, ShowsTheFiveDirectories) {
@@ -271,13 +257,13 @@ TEST_F(DirectoriesPage, RandomTextInEveryEditIsStoredInUpperCaseAndNeverDamagesT
     CloseWindow();
 
     StartDirectories(file);
-    test::RandomTyping typing(1234);
+    test::RandomText typing(1234);
     std::string* const fields[] = {&Record().SystemDir, &Record().DataDir, &Record().PProgDir,
                                    &Record().MeasDir, &Record().UserDir};
     for (int step = 0; step < 150; ++step) {
         const int index = typing.Below(5);
         QLineEdit* edit = Edit(kEdits[index]);
-        test::Retype(edit, typing.Next());
+        test::TypeInto(edit, typing.Next());
         const QString typed = edit->text();
         switch (typing.Below(4)) {
             case 0:

@@ -5,13 +5,16 @@
 #include <QAction>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QMenuBar>
 #include <QPushButton>
 #include <QTest>
 #include <filesystem>
 #include <fstream>
+#include <map>
 
 #include "i18n/resgenstring.h"
+#include "page_usability.h"
 #include "platform/text_codec.h"
 #include "settings/setup_settings.h"
 #include "shell/kestel_main_wind.h"
@@ -415,6 +418,41 @@ TEST(Menu, HintOfAnEntryShowsInTheStatusLine) {
     ASSERT_TRUE(window->Ready());
     Find<QAction>(*window, "KestelFile_Save")->showStatusText(window->menuBar());
     EXPECT_EQ(Find<QLabel>(*window, "pBottBar")->text(), Language(26));
+}
+
+// The tabs and the menu bar's popups answer their mnemonics wherever the focus is, and the
+// entries of an open popup answer theirs: within each of those sets no letter is taken twice.
+TEST(Menu, TabsPopupsAndEachPopupsEntriesHaveMnemonicsOfTheirOwnInEveryLanguage) {
+    for (const std::string language : {"ENG", "ITA"}) {
+        TempWinePrefix prefix;
+        std::string ini = SettingsFile(kOffsets, "Vek3");  // the controller entry shown too
+        ini.replace(ini.find("LANGUAGE=ENG"), 12, "LANGUAGE=" + language);
+        prefix.WriteWindowsFile("WZELKO.INI", ini);
+        WorkingDir cwd(WorkingDir::Kind::LanguageLibraries);
+        MessageScript script;
+        auto window = StartWindow(script);
+        ASSERT_TRUE(window->Ready());
+
+        auto expectUnique = [&](const QStringList& captions, const char* where) {
+            std::map<QChar, QString> taken;
+            for (const QString& caption : captions) {
+                const QChar letter = test::MnemonicOf(caption);
+                if (letter.isNull()) continue;
+                EXPECT_EQ(taken.count(letter), 0u)
+                    << language << ", " << where << ": " << caption.toStdString() << " and "
+                    << taken[letter].toStdString();
+                taken[letter] = caption;
+            }
+        };
+        expectUnique(test::WindowMnemonicCaptions(*window), "tabs and menu bar");
+        for (const QAction* popup : window->menuBar()->actions()) {
+            QStringList entries;
+            for (const QAction* entry : popup->menu()->actions()) {
+                if (entry->isVisible() && !entry->isSeparator()) entries << entry->text();
+            }
+            expectUnique(entries, popup->objectName().toLatin1().constData());
+        }
+    }
 }
 
 TEST(PageTable, PagesNotBuiltAreAbsentAndTheirMenuEntriesDisabled) {

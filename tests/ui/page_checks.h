@@ -1,51 +1,45 @@
 #pragma once
-// Checks and drivers the page tests share: choosing in a list and ticking a box as a user does,
-// whether a page can be used with the keyboard and a screen reader, random texts for fuzzing
-// the edits, and which keys two saved files differ in.
+// What the page tests share besides the fixture: choosing in a list and ticking a box as a user
+// does, random texts for fuzzing the edits, settings files with keys of the main section, and
+// which keys two saved files differ in. (Typing is TypeInto, in ui_test_support.h; whether a
+// page is usable by keyboard and screen reader is checked for every page by the contract test,
+// page_usability.h.)
 
 #include <QString>
 #include <cstdint>
 #include <random>
 #include <set>
 #include <string>
-#include <vector>
 
 class QCheckBox;
 class QComboBox;
-class QLineEdit;
-class QWidget;
-
-namespace wk {
-class TKestelMainWind;
-}
 
 namespace wk::test {
 
-// Types `text` into the edit as a user does: focus into it, select what it holds, type (an
-// empty text deletes the selection). Any character, not only Latin-1 ones.
-void TypeText(QLineEdit* edit, const QString& text);
 // Opens the list, moves to `position` and confirms with Enter, as a user picks an item; the
 // list reports one choice.
 void ChooseItem(QComboBox* list, int position);
 // Tabs to the box and presses Space.
 void Tick(QCheckBox* box);
 
-// Every control among `names` on `page` that a user reaches (buttons, check boxes, lists,
-// edits, group boxes) has an accessible name; the mnemonics of the page's captions clash
-// neither with each other nor with the window's tabs and menus; and Tab from the first control
-// reaches every enabled control of the page once before it comes back.
-void ExpectUsable(const TKestelMainWind& window, QWidget* page,
-                  const std::vector<const char*>& names);
-
-// Texts of the kinds typed or pasted into an edit: numbers in every form, signs, exponents,
-// separators, letters, non-ASCII, blanks, empty, very long.
+// Texts of the kinds typed or pasted into an edit: numbers in every form, on the borders of
+// what the conversions take (signs, exponents, separators, hexadecimal, huge), file names and
+// settings-file syntax, letters, non-ASCII text (some of it outside the ANSI code page, some
+// outside the basic plane), blanks, nothing at all, very long text and random characters.
+// Seeded, so that a failure can be run again.
 class RandomText {
 public:
     explicit RandomText(std::uint32_t seed) : rng_(seed) {}
+
+    // The next text to type.
     QString Next();
+    // A number from 0 to n - 1.
     int Below(int n) { return std::uniform_int_distribution<int>(0, n - 1)(rng_); }
 
 private:
+    QString Piece();
+    QString RandomCharacters(int length);
+
     std::mt19937 rng_;
 };
 

@@ -199,8 +199,11 @@ std::vector<std::string> MnemonicClashes(const QWidget* page, const QStringList&
             own[letter] = who;
         }
     };
+    // A group box's caption counts even while it is hidden: no letter is taken from it.
     for (const QWidget* control : UserControls(page)) {
-        if (control->isVisibleTo(page)) add(control, CaptionOf(control, page));
+        if (control->isVisibleTo(page) || qobject_cast<const QGroupBox*>(control)) {
+            add(control, CaptionOf(control, page));
+        }
     }
     for (const QLabel* label : Labels(page)) {
         if (!label->isVisibleTo(page) || MnemonicOf(label->text()).isNull()) continue;

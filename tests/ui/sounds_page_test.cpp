@@ -6,7 +6,6 @@
 
 #include <gtest/gtest.h>
 
-#include <QAccessible>
 #include <QApplication>
 #include <QCheckBox>
 #include <QElapsedTimer>
@@ -22,10 +21,9 @@
 #include <string>
 #include <vector>
 
-#include "page_controls.h"
+#include "page_checks.h"
 #include "page_test_fixture.h"
 #include "platform/text_codec.h"
-#include "random_typing.h"
 #include "settings/setup_settings.h"
 #include "shell/kestel_main_wind.h"
 #include "support/file_bytes.h"
@@ -159,18 +157,6 @@ TEST_F(SoundsPage, CaptionsComeFromTheLanguageStrings) {
     EXPECT_EQ(Check("pCHB_ContZeroes")->text(), Language(334));
     EXPECT_EQ(Label("pST_EventsList")->text(), Language(337));
     EXPECT_EQ(Label("pST_FilesList")->text(), Language(338));
-}
-
-TEST_F(SoundsPage, EveryControlHasAnAccessibleName) {
-    StartSounds();
-    const test::PageControls* controls = test::ControlsOf("SoundsTabSheet");
-    ASSERT_NE(controls, nullptr);
-    for (const char* name : controls->controls) {
-        QAccessibleInterface* accessible =
-            QAccessible::queryAccessibleInterface(Find<QWidget>(name));
-        ASSERT_NE(accessible, nullptr) << name;
-        EXPECT_FALSE(accessible->text(QAccessible::Name).isEmpty()) << name;
-    }
 }
 
 TEST_F(SoundsPage, TheEventsListShowsEachCaptionPaddedAndItsFileName) {
@@ -548,7 +534,7 @@ TEST_F(SoundsPage, RandomTextInTheNameEditsIsStoredBeforeTheLocationAndNeverDama
     CloseWindow();
 
     StartSounds(file);
-    test::RandomTyping typing(4711);
+    test::RandomText typing(4711);
     const struct {
         const char* edit;
         int id;
@@ -557,7 +543,7 @@ TEST_F(SoundsPage, RandomTextInTheNameEditsIsStoredBeforeTheLocationAndNeverDama
     for (int step = 0; step < 120; ++step) {
         const auto& target = edits[typing.Below(2)];
         QLineEdit* edit = Edit(target.edit);
-        test::Retype(edit, typing.Next());
+        test::TypeInto(edit, typing.Next());
         const QString typed = edit->text();
         switch (typing.Below(4)) {
             case 0:

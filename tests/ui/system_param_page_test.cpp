@@ -16,7 +16,6 @@
 #include <filesystem>
 
 #include "page_checks.h"
-#include "page_controls.h"
 #include "page_test_fixture.h"
 #include "platform/text_codec.h"
 #include "platform/text_to_number.h"
@@ -443,10 +442,10 @@ TEST_F(SysParPage, AFileNameIsUpperCasedWhenLeftAndStored) {
 
 TEST_F(SysParPage, AnEmptyFileNameIsTakenOnLeavingAndOnStore) {
     StartPage();
-    test::TypeText(Edit("pSLE_ProbeFname"), QString());
+    test::TypeInto(Edit("pSLE_ProbeFname"), QString());
     PressTab(Edit("pSLE_ProbeFname"));
     EXPECT_EQ(Record().QualiFileName, "");
-    test::TypeText(Edit("pSLE_MemoryFname"), QString());
+    test::TypeInto(Edit("pSLE_MemoryFname"), QString());
     Save();
     EXPECT_EQ(Saved("SYSTEMPARAM", "QUALIFILENAME"), "");
     EXPECT_EQ(Saved("SYSTEMPARAM", "MEMORYFILENAME"), "");
@@ -565,11 +564,6 @@ TEST_F(SysParPage, MenuEntryIsEnabledAndShowsThePage) {
     EXPECT_EQ(window_->HelpContextOfPage(), 19);
 }
 
-TEST_F(SysParPage, IsUsableWithTheKeyboardAndAScreenReader) {
-    StartPage();
-    test::ExpectUsable(*window_, page_, test::ControlsOf("SysParTabSheet")->controls);
-}
-
 // ---- random text -------------------------------------------------------------------------
 
 // Random texts typed into every edit and committed by leaving, OK or Save: no crash, a text that
@@ -594,7 +588,7 @@ TEST_F(SysParPage, RandomTextInEveryEditNeverCrashesNorCorruptsTheFiles) {
         const double diameter = Record().DiaSferaCal;
         const double threshold = Record().ThresholdAngMiddleRel;
         script_.Clear();
-        test::TypeText(Edit(name), text);
+        test::TypeInto(Edit(name), text);
         const bool typed = Edit(name)->isModified();
         bool convertible = true;
         try {

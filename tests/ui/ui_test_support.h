@@ -78,7 +78,9 @@ std::unique_ptr<TKestelMainWind> StartWindow(MessageScript& script,
 // Whether a file exists in the prefix's Windows directory.
 bool Exists(const TempWinePrefix& prefix, const std::string& name);
 
-// Types `text` into an edit field as a user would: focus into it, select, type.
+// Types `text` into an edit field as a user would: focus into it (as a click puts it there),
+// select what it holds, type (an empty text deletes the selection). Any character: those of the
+// keyboard as its keys, any other as an input method delivers it. The focus stays in the edit.
 void TypeInto(QLineEdit* edit, const QString& text);
 // Leaves the focused field with Tab.
 void PressTab(QWidget* widget);
