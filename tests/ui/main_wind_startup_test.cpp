@@ -230,17 +230,20 @@ std::unique_ptr<TKestelMainWind> StartWithLanguage(TempWinePrefix& prefix, Messa
     return StartWindow(script);
 }
 
-TEST(Language, NoneInCapitalsUsesTheEnglishLibrary) {
+// The caption start-up gives the window (string 1 of the library it loaded, from the working
+// directory the test is in) when "LANGUAGE" is `language`; the window is gone again, with its
+// library.
+QString StartUpCaption(const std::string& language) {
     TempWinePrefix prefix;
-    WorkingDir cwd(WorkingDir::Kind::LanguageLibraries);
     MessageScript script;
-    QString title;
-    {
-        auto window = StartWithLanguage(prefix, script, "NONE");
-        ASSERT_TRUE(window->Ready());
-        title = window->windowTitle();
-    }
-    EXPECT_EQ(MainCaption(title), LanguageOf("ENG", 1));
+    auto window = StartWithLanguage(prefix, script, language);
+    EXPECT_TRUE(window->Ready());
+    return MainCaption(window->windowTitle());
+}
+
+TEST(Language, NoneInCapitalsUsesTheEnglishLibrary) {
+    WorkingDir cwd(WorkingDir::Kind::LanguageLibraries);
+    EXPECT_EQ(StartUpCaption("NONE"), LanguageOf("ENG", 1));
 }
 
 // The help file chosen at start-up, with a working directory whose Help folder holds `files`.
@@ -273,30 +276,15 @@ TEST(Language, HelpFileFallsBackToEnglish) {
 }
 
 TEST(Language, NoneInLowerCaseIsACodeOfItsOwnAndFallsBackToEnglish) {
-    TempWinePrefix prefix;
     WorkingDir cwd(WorkingDir::Kind::LanguageLibraries);
-    MessageScript script;
-    QString title;
-    {
-        auto window = StartWithLanguage(prefix, script, "none");
-        ASSERT_TRUE(window->Ready());
-        title = window->windowTitle();
-    }
-    EXPECT_EQ(MainCaption(title), LanguageOf("ENG", 1));
+    EXPECT_EQ(StartUpCaption("none"), LanguageOf("ENG", 1));
 }
 
 TEST(Language, TheFileNamesTheLibraryInUse) {
-    TempWinePrefix prefix;
     WorkingDir cwd(WorkingDir::Kind::LanguageLibraries);
-    MessageScript script;
-    QString title;
-    {
-        auto window = StartWithLanguage(prefix, script, "ita");
-        ASSERT_TRUE(window->Ready());
-        title = window->windowTitle();
-    }
-    EXPECT_EQ(MainCaption(title), LanguageOf("ita", 1));
-    EXPECT_NE(MainCaption(title), LanguageOf("ENG", 1));
+    const QString caption = StartUpCaption("ita");
+    EXPECT_EQ(caption, LanguageOf("ita", 1));
+    EXPECT_NE(caption, LanguageOf("ENG", 1));
 }
 
 TEST(Language, MissingLanguageKeyUsesTheEnglishLibrary) {

@@ -240,6 +240,15 @@ std::set<std::string> DifferingKeys(const std::string& before, const std::string
     return keys;
 }
 
+std::set<std::string> ChangedBeyond(const std::string& before, const std::string& after,
+                                    const std::set<std::string>& keys) {
+    std::set<std::string> changed;
+    for (const std::string& key : DifferingKeys(before, after)) {
+        if (!keys.count(key)) changed.insert(key);
+    }
+    return changed;
+}
+
 bool ParsesAsSettingsFile(const std::string& bytes) {
     for (const std::string& raw : Lines(bytes)) {
         const std::string line = Trimmed(raw);

@@ -53,6 +53,12 @@ std::string SettingsFileWithMain(std::string sections);
 // the files have not the same number of lines.
 std::set<std::string> DifferingKeys(const std::string& before, const std::string& after);
 
+// What differs between two versions of a settings file besides the values of `keys`
+// ("SECTION|KEY", upper case), as DifferingKeys names it: nothing when every other line is as
+// it was.
+std::set<std::string> ChangedBeyond(const std::string& before, const std::string& after,
+                                    const std::set<std::string>& keys);
+
 // Whether every line of a settings file is a section header, a key line, a comment or blank,
 // with no line of either kind lost (the file reads back as it was written).
 bool ParsesAsSettingsFile(const std::string& bytes);

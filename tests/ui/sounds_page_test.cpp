@@ -17,7 +17,6 @@
 #include <QTest>
 #include <filesystem>
 #include <memory>
-#include <sstream>
 #include <string>
 #include <vector>
 
@@ -528,9 +527,7 @@ TEST_F(SoundsPage, TestPlaysForRealThroughTheSoundPluginWithoutBlocking) {
 TEST_F(SoundsPage, RandomTextInTheNameEditsIsStoredBeforeTheLocationAndNeverDamagesTheFile) {
     const std::string file = SoundsFile(std::string(kSounds) + "\r\n[OTHER]\r\nkept = as  is \r\n");
     StartSounds(file);
-    Record().Modified = true;
-    Save();
-    const std::string baseline = Bytes();
+    const std::string baseline = SaveUnchanged();
     CloseWindow();
 
     StartSounds(file);
@@ -545,39 +542,20 @@ TEST_F(SoundsPage, RandomTextInTheNameEditsIsStoredBeforeTheLocationAndNeverDama
         QLineEdit* edit = Edit(target.edit);
         test::TypeInto(edit, typing.Next());
         const QString typed = edit->text();
-        switch (typing.Below(4)) {
-            case 0:
-                PressTab(edit);
-                break;
-            case 1:
-                page_->Store();
-                break;
-            case 2:
-                Click("pOK");
-                break;
-            default:
-                Save();
-                break;
-        }
+        CommitTyped(edit, kCommits[typing.Below(4)]);
         EXPECT_EQ(script_.Count(), 0) << typed.toStdString();
         EXPECT_EQ(Record().GetSound(target.id, false),
                   platform::Utf8ToAnsi(typed.toStdString()) + "\\\\WZELKO\\SOUNDS")
             << typed.toStdString();
         page_->Load(true);
     }
-    Record().Modified = true;
-    Save();
-    std::istringstream saved(Bytes());
-    std::istringstream before(baseline);
-    std::string savedLine;
-    std::string beforeLine;
-    while (std::getline(before, beforeLine)) {
-        ASSERT_TRUE(std::getline(saved, savedLine)) << beforeLine;
-        if (beforeLine.rfind("init=", 0) == 0 || beforeLine.rfind("home=", 0) == 0) {
-            EXPECT_NE(savedLine.find("\\\\WZELKO\\SOUNDS"), std::string::npos) << savedLine;
-        } else {
-            EXPECT_EQ(savedLine, beforeLine);
-        }
+    const std::string saved = SaveUnchanged();
+    EXPECT_EQ(test::ChangedBeyond(baseline, saved, {"SOUNDS|INIT", "SOUNDS|HOME"}),
+              std::set<std::string>{});
+    for (const char* key : {"init", "home"}) {
+        EXPECT_NE(test::IniValue(saved, "SOUNDS", key).find("\\\\WZELKO\\SOUNDS"),
+                  std::string::npos)
+            << key;
     }
 }
 

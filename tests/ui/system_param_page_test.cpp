@@ -571,9 +571,7 @@ TEST_F(SysParPage, MenuEntryIsEnabledAndShowsThePage) {
 // from one saved before only in this page's keys.
 TEST_F(SysParPage, RandomTextInEveryEditNeverCrashesNorCorruptsTheFiles) {
     StartPage();
-    Record().Modified = true;
-    Save();
-    const std::string before = Bytes();
+    const std::string before = SaveUnchanged();
     const std::string before32 = Bytes("WZELKO32.INI");
 
     test::RandomText random(20240611);
@@ -596,17 +594,7 @@ TEST_F(SysParPage, RandomTextInEveryEditNeverCrashesNorCorruptsTheFiles) {
         } catch (const ConversionError&) {
             convertible = false;
         }
-        switch (random.Below(3)) {
-            case 0:
-                PressTab(Edit(name));
-                break;
-            case 1:
-                Click("pOK");
-                break;
-            default:
-                Save();
-                break;
-        }
+        CommitTyped(Edit(name), kCommits[random.Below(3)]);  // Tab, OK or Save
         if (number && typed && !convertible) {
             ++reported;
             ASSERT_EQ(script_.Count(), 1) << name << " " << text.toStdString();
@@ -622,17 +610,15 @@ TEST_F(SysParPage, RandomTextInEveryEditNeverCrashesNorCorruptsTheFiles) {
     }
     // The run met both kinds of text.
     EXPECT_GT(reported, 5);
-    Record().Modified = true;
-    Save();
-    const std::string after = Bytes();
+    const std::string after = SaveUnchanged();
     EXPECT_TRUE(test::ParsesAsSettingsFile(after));
     EXPECT_NE(after, before);
-    const std::set<std::string> allowed = {
-        "SYSTEMPARAM|DIASFERACAL", "SYSTEMPARAM|THRESHOLD ANG MIDDLE REL",
-        "SYSTEMPARAM|QUALIFILENAME", "SYSTEMPARAM|REFSYSFILENAME", "SYSTEMPARAM|MEMORYFILENAME"};
-    for (const std::string& key : test::DifferingKeys(before, after)) {
-        EXPECT_TRUE(allowed.count(key)) << key;
-    }
+    EXPECT_EQ(
+        test::ChangedBeyond(before, after,
+                            {"SYSTEMPARAM|DIASFERACAL", "SYSTEMPARAM|THRESHOLD ANG MIDDLE REL",
+                             "SYSTEMPARAM|QUALIFILENAME", "SYSTEMPARAM|REFSYSFILENAME",
+                             "SYSTEMPARAM|MEMORYFILENAME"}),
+        std::set<std::string>{});
     EXPECT_EQ(Bytes("WZELKO32.INI"), before32);
 }
 
