@@ -1,6 +1,7 @@
 #include "pages/page_table.h"
 
 #include "pages/axes_conv_page.h"
+#include "pages/mac_par_page.h"
 #include "pages/mech_offsets_page.h"
 #include "pages/win_color_page.h"
 
@@ -17,7 +18,8 @@ bool HasControllerOptions(const ControllerFlags& flags) {
 // (&MakePage<TPage>) and its sources in src/pages/CMakeLists.txt.
 // clang-format off
 const PageEntry kPages[] = {
-    {.sheetName = "MacParTabSheet", .designCaption = "Machine Parameters", .factory = nullptr,
+    {.sheetName = "MacParTabSheet", .designCaption = "Machine Parameters",
+     .factory = &MakePage<TMacParPage>,
      .helpContext = 18, .storesOnOk = true, .refreshOnEntry = true, .refreshOnChange = false,
      .startPage = true,
      .menu = {.name = "KestelGenConf_MacPar", .popup = MenuPopup::GeneralConfiguration,

@@ -36,7 +36,13 @@ const char* const kOffsets =
 
 class Frame : public test::PageTest {
 protected:
-    void SetUp() override { Start(SettingsFile(kOffsets)); }
+    // The window starts on the machine parameters page; the frame is shown on the mechanical
+    // offsets page, chosen from the menu as a user does.
+    void SetUp() override {
+        Start(SettingsFile(kOffsets));
+        Action("KestelGenConf_MecOff")->trigger();
+        ASSERT_EQ(window_->PageCtl()->ActivePage()->objectName(), QStringLiteral("MecOffTabSheet"));
+    }
 
     bool AskedToSave(std::size_t index = 0) const {
         if (index >= script_.Shown().size()) {
@@ -302,10 +308,11 @@ bool StartsWith(const std::string& text, const std::string& start) {
 
 TEST_F(FrameHelp, HelpContextIsThatOfTheActivePage) {
     Start(SettingsFile(kOffsets));
-    EXPECT_EQ(window_->HelpContextOfPage(), 21);
+    // The start page, machine parameters.
+    EXPECT_EQ(window_->HelpContextOfPage(), 18);
     Action("KestelHelp_Index")->trigger();
     const std::string args = viewer_.Args();
-    EXPECT_TRUE(StartsWith(args, "winhlp32\n-n\n21\n")) << args;
+    EXPECT_TRUE(StartsWith(args, "winhlp32\n-n\n18\n")) << args;
     EXPECT_NE(args.find("MarvaneEng.hlp\n"), std::string::npos) << args;
 
     Action("KestelOther_WindowsColor")->trigger();

@@ -430,9 +430,8 @@ TEST(PageTable, PagesNotBuiltAreAbsentAndTheirMenuEntriesDisabled) {
         }
     }
     EXPECT_EQ(pages->SheetCount(), sheet);
-    // The machine parameters page is not built yet: the first sheet is shown.
-    EXPECT_EQ(pages->ActivePage(), pages->Sheet(0));
-    EXPECT_EQ(pages->Sheet(0)->objectName(), QStringLiteral("MecOffTabSheet"));
+    // The start page is shown: machine parameters.
+    EXPECT_EQ(pages->ActivePage()->objectName(), QStringLiteral("MacParTabSheet"));
 }
 
 }  // namespace

@@ -21,7 +21,14 @@ using test::PressTab;
 using test::SettingsFile;
 using test::TypeInto;
 
-class MecOffPage : public test::PageTest {};
+class MecOffPage : public test::PageTest {
+protected:
+    // The window starts on the machine parameters page; this page is chosen from the menu.
+    void Start(const std::string& wzelkoIni) {
+        PageTest::Start(wzelkoIni);
+        Action("KestelGenConf_MecOff")->trigger();
+    }
+};
 
 const char* const kFull =
     "[MACHINEPARAM]\r\nBRIDGE AXIS STROKE=1200.000000\r\n\r\n"
