@@ -3,6 +3,7 @@
 #include "pages/axes_conv_page.h"
 #include "pages/mac_par_page.h"
 #include "pages/mech_offsets_page.h"
+#include "pages/volcomp_page.h"
 #include "pages/win_color_page.h"
 
 namespace wk {
@@ -76,7 +77,8 @@ const PageEntry kPages[] = {
      .menu = {.name = "KestelOther_AxesConvention", .popup = MenuPopup::Other,
               .position = 4, .captionId = 19, .hintId = 0}},
     // The menu entry keeps "&Volcomp" in every language (caption id 0).
-    {.sheetName = "VolcompTabSheet", .designCaption = "Volcomp", .factory = nullptr,
+    {.sheetName = "VolcompTabSheet", .designCaption = "Volcomp",
+     .factory = &MakePage<TVolcompPage>,
      .helpContext = 127, .storesOnOk = true, .refreshOnEntry = true, .refreshOnChange = false,
      .startPage = false,
      .menu = {.name = "KestelGenConf_Volcomp", .popup = MenuPopup::GeneralConfiguration,
