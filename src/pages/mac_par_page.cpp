@@ -99,16 +99,19 @@ void TMacParPage::BuildControls() {
     pGBX_PH9 = MakeGroup(this, "pGBX_PH9", "Indexed Wrist");
     pCHB_Ph9_Present = Make<QCheckBox>(this, "pCHB_Ph9_Present", "&Present");
     pCHB_Ph9_Simul = Make<QCheckBox>(this, "pCHB_Ph9_Simul", "S&imulation");
-    pST_Ph9_Port = Make<QLabel>(this, "pST_Ph9_Port", "Port:");
+    // The head's serial line: its port, then lists whose items say what they are ("9600 baud",
+    // "No parity", "8 data bits", "2 stop bits"), so they need no labels of their own.
+    pST_Ph9_Port = Make<QLabel>(this, "pST_Ph9_Port", "Serial line:");
     pCB_Ph9_Port = Make<QComboBox>(this, "pCB_Ph9_Port");
-    pST_Ph9_Baud = Make<QLabel>(this, "pST_Ph9_Baud", "Speed:");
     pCB_Ph9_Baud = Make<QComboBox>(this, "pCB_Ph9_Baud");
-    pST_Ph9_Parity = Make<QLabel>(this, "pST_Ph9_Parity", "Parity:");
     pCB_Ph9_Parity = Make<QComboBox>(this, "pCB_Ph9_Parity");
-    pST_Ph9_NBits = Make<QLabel>(this, "pST_Ph9_NBits", "Data bits:");
     pCB_Ph9_NBits = Make<QComboBox>(this, "pCB_Ph9_NBits");
-    pST_Ph9_StopBits = Make<QLabel>(this, "pST_Ph9_StopBits", "Stop bits:");
     pCB_Ph9_StopBits = Make<QComboBox>(this, "pCB_Ph9_StopBits");
+    pCB_Ph9_Port->setAccessibleName(QStringLiteral("PH9 port"));
+    pCB_Ph9_Baud->setAccessibleName(QStringLiteral("PH9 speed"));
+    pCB_Ph9_Parity->setAccessibleName(QStringLiteral("PH9 parity"));
+    pCB_Ph9_NBits->setAccessibleName(QStringLiteral("PH9 data bits"));
+    pCB_Ph9_StopBits->setAccessibleName(QStringLiteral("PH9 stop bits"));
     p_RB_PHx = Make<QRadioButton>(this, "p_RB_PHx", "PH9/PH10");
     p_RB_MODRIVAXM = Make<QRadioButton>(this, "p_RB_MODRIVAXM", "MODRIVAX-m");
     p_RB_MODRIVAXI = Make<QRadioButton>(this, "p_RB_MODRIVAXI", "MODRIVAX-i");
@@ -149,10 +152,6 @@ void TMacParPage::BuildControls() {
         {pST_TCPAddress, pSLE_TCP1},
         {pST_TCPPORT, pSLE_TCPPORT},
         {pST_Ph9_Port, pCB_Ph9_Port},
-        {pST_Ph9_Baud, pCB_Ph9_Baud},
-        {pST_Ph9_Parity, pCB_Ph9_Parity},
-        {pST_Ph9_NBits, pCB_Ph9_NBits},
-        {pST_Ph9_StopBits, pCB_Ph9_StopBits},
         {pST_CosDatFname, pSLE_CosDatFname},
         {pST_CompensFname, pSLE_CompensFname},
         {pST_DistApproach, pSLE_DistApproach},
@@ -180,49 +179,50 @@ void TMacParPage::NameEditsAfterTheirSwitches() {
 }
 
 void TMacParPage::BuildLayout() {
-    auto* tcpip = new QHBoxLayout(pGB_TCPIP);
-    tcpip->addWidget(pST_TCPAddress);
-    tcpip->addWidget(pSLE_TCP1);
-    tcpip->addWidget(Dot(pGB_TCPIP));
-    tcpip->addWidget(pSLE_TCP2);
-    tcpip->addWidget(Dot(pGB_TCPIP));
-    tcpip->addWidget(pSLE_TCP3);
-    tcpip->addWidget(Dot(pGB_TCPIP));
-    tcpip->addWidget(pSLE_TCP4);
-    tcpip->addSpacing(16);
-    tcpip->addWidget(pST_TCPPORT);
-    tcpip->addWidget(pSLE_TCPPORT);
-    tcpip->addStretch(1);
+    // Laid out to fit the window as it opens: the connection beside the head, the general
+    // values below both.
+    auto* tcpip = new QGridLayout(pGB_TCPIP);
+    tcpip->addWidget(pST_TCPAddress, 0, 0);
+    tcpip->addWidget(pSLE_TCP1, 0, 1);
+    tcpip->addWidget(Dot(pGB_TCPIP), 0, 2);
+    tcpip->addWidget(pSLE_TCP2, 0, 3);
+    tcpip->addWidget(Dot(pGB_TCPIP), 0, 4);
+    tcpip->addWidget(pSLE_TCP3, 0, 5);
+    tcpip->addWidget(Dot(pGB_TCPIP), 0, 6);
+    tcpip->addWidget(pSLE_TCP4, 0, 7);
+    tcpip->addWidget(pST_TCPPORT, 1, 0);
+    tcpip->addWidget(pSLE_TCPPORT, 1, 1, 1, 3);
+    tcpip->setColumnStretch(8, 1);
+    tcpip->setHorizontalSpacing(4);
 
     auto* cmm = new QGridLayout(pGBX_CMM);
     cmm->addWidget(pST_Port, 0, 0);
     cmm->addWidget(pCB_Port, 0, 1);
     cmm->addWidget(pCHB_CNC_Simul, 0, 3);
-    cmm->addWidget(pCHB_JX01_Simul, 0, 4);
     cmm->addWidget(pST_Resolution, 1, 0);
     cmm->addWidget(pCB_Resolution, 1, 1);
     cmm->addWidget(pST_RESOL_UNITY, 1, 2);
-    cmm->addWidget(pGB_TCPIP, 2, 0, 1, 6);
-    cmm->setColumnStretch(5, 1);
+    cmm->addWidget(pCHB_JX01_Simul, 1, 3);
+    cmm->addWidget(pGB_TCPIP, 2, 0, 1, 5);
+    cmm->setColumnStretch(4, 1);
     cmm->setRowStretch(3, 1);
 
     auto* mode = new QHBoxLayout;
     mode->addWidget(pRB_Manual);
     mode->addWidget(pRB_CNC);
     mode->addStretch(1);
+    auto* left = new QVBoxLayout;
+    left->addLayout(mode);
+    left->addWidget(pGBX_CMM, 1);
 
     auto* ph9 = new QGridLayout(pGBX_PH9);
     ph9->addWidget(pCHB_Ph9_Present, 0, 0, 1, 2);
-    ph9->addWidget(pCHB_Ph9_Simul, 0, 2, 1, 2);
+    ph9->addWidget(pCHB_Ph9_Simul, 0, 2);
     ph9->addWidget(pST_Ph9_Port, 1, 0);
     ph9->addWidget(pCB_Ph9_Port, 1, 1);
-    ph9->addWidget(pST_Ph9_Baud, 1, 2);
-    ph9->addWidget(pCB_Ph9_Baud, 1, 3);
-    ph9->addWidget(pST_Ph9_Parity, 2, 0);
+    ph9->addWidget(pCB_Ph9_Baud, 1, 2);
     ph9->addWidget(pCB_Ph9_Parity, 2, 1);
-    ph9->addWidget(pST_Ph9_NBits, 2, 2);
-    ph9->addWidget(pCB_Ph9_NBits, 2, 3);
-    ph9->addWidget(pST_Ph9_StopBits, 3, 0);
+    ph9->addWidget(pCB_Ph9_NBits, 2, 2);
     ph9->addWidget(pCB_Ph9_StopBits, 3, 1);
     auto* heads = new QHBoxLayout;
     heads->addWidget(p_RB_PHx);
@@ -230,45 +230,48 @@ void TMacParPage::BuildLayout() {
     heads->addWidget(p_RB_MODRIVAXI);
     heads->addStretch(1);
     ph9->addLayout(heads, 4, 0, 1, 4);
+    ph9->setColumnStretch(3, 1);
     ph9->setRowStretch(5, 1);
 
-    auto* left = new QVBoxLayout;
-    left->addLayout(mode);
-    left->addWidget(pGBX_CMM, 1);
     auto* top = new QHBoxLayout;
     top->addLayout(left, 1);
     top->addWidget(pGBX_PH9, 1);
 
-    auto* general = new QGridLayout(pGBX_General);
-    general->addWidget(pST_CosDatFname, 0, 0);
-    general->addWidget(pSLE_CosDatFname, 0, 1, 1, 5);
-    general->addWidget(pPB_BrowserMP, 0, 6);
-    general->addWidget(pST_CompensFname, 1, 0);
-    general->addWidget(pSLE_CompensFname, 1, 1, 1, 5);
-    general->addWidget(pST_DistApproach, 2, 0);
-    general->addWidget(pSLE_DistApproach, 2, 1);
-    general->addWidget(pST_APPR_UNITY, 2, 2);
-    general->addWidget(pCHB_Depth, 3, 0);
-    general->addWidget(pSLE_Depth, 3, 1);
-    general->addWidget(pST_DEPTH_UNITY, 3, 2);
-    general->addWidget(pCHB_Optimal_Speed, 4, 0);
-    general->addWidget(pSLE_Optimal_Speed, 4, 1);
-    general->addWidget(pST_OPT_SP_UNITY, 4, 2);
-    general->addWidget(pST_Term_X, 2, 3, Qt::AlignRight);
-    general->addWidget(pSLE_Term_X, 2, 4);
-    general->addWidget(pST_Term_Y, 3, 3, Qt::AlignRight);
-    general->addWidget(pSLE_Term_Y, 3, 4);
-    general->addWidget(pST_Term_Z, 4, 3, Qt::AlignRight);
-    general->addWidget(pSLE_Term_Z, 4, 4);
-    general->addWidget(pST_Term_Part, 5, 3, Qt::AlignRight);
-    general->addWidget(pSLE_Term_Part, 5, 4);
-    general->addWidget(pCHB_Tool_Ch, 2, 6);
-    general->addWidget(pCHB_Active, 3, 6);
-    general->setColumnStretch(5, 1);
-    general->setColumnMinimumWidth(2, 40);
+    // The file names take the width there is; the numbers go in columns of their own.
+    auto* files = new QGridLayout;
+    files->addWidget(pST_CosDatFname, 0, 0);
+    files->addWidget(pSLE_CosDatFname, 0, 1);
+    files->addWidget(pPB_BrowserMP, 0, 2);
+    files->addWidget(pST_CompensFname, 1, 0);
+    files->addWidget(pSLE_CompensFname, 1, 1);
+    auto* values = new QGridLayout;
+    values->addWidget(pST_DistApproach, 0, 0);
+    values->addWidget(pSLE_DistApproach, 0, 1);
+    values->addWidget(pST_APPR_UNITY, 0, 2);
+    values->addWidget(pCHB_Depth, 1, 0);
+    values->addWidget(pSLE_Depth, 1, 1);
+    values->addWidget(pST_DEPTH_UNITY, 1, 2);
+    values->addWidget(pCHB_Optimal_Speed, 2, 0);
+    values->addWidget(pSLE_Optimal_Speed, 2, 1);
+    values->addWidget(pST_OPT_SP_UNITY, 2, 2);
+    values->addWidget(pST_Term_X, 0, 3, Qt::AlignRight);
+    values->addWidget(pSLE_Term_X, 0, 4);
+    values->addWidget(pST_Term_Y, 0, 5, Qt::AlignRight);
+    values->addWidget(pSLE_Term_Y, 0, 6);
+    values->addWidget(pST_Term_Z, 1, 3, Qt::AlignRight);
+    values->addWidget(pSLE_Term_Z, 1, 4);
+    values->addWidget(pST_Term_Part, 1, 5, Qt::AlignRight);
+    values->addWidget(pSLE_Term_Part, 1, 6);
+    values->addWidget(pCHB_Tool_Ch, 2, 3, 1, 2);
+    values->addWidget(pCHB_Active, 2, 5, 1, 2);
+    values->setColumnMinimumWidth(2, 36);
+    values->setColumnStretch(7, 1);
+    auto* general = new QVBoxLayout(pGBX_General);
+    general->addLayout(files);
+    general->addLayout(values);
 
     auto* page = new QVBoxLayout(this);
-    page->setContentsMargins(12, 8, 12, 8);
+    page->setContentsMargins(8, 6, 8, 6);
     page->addLayout(top);
     page->addWidget(pGBX_General);
     page->addStretch(1);

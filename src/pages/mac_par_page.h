@@ -159,13 +159,9 @@ private:
     QCheckBox* pCHB_Ph9_Simul;
     QLabel* pST_Ph9_Port;
     QComboBox* pCB_Ph9_Port;
-    QLabel* pST_Ph9_Baud;
     QComboBox* pCB_Ph9_Baud;
-    QLabel* pST_Ph9_Parity;
     QComboBox* pCB_Ph9_Parity;
-    QLabel* pST_Ph9_NBits;
     QComboBox* pCB_Ph9_NBits;
-    QLabel* pST_Ph9_StopBits;
     QComboBox* pCB_Ph9_StopBits;
     QRadioButton* p_RB_PHx;
     QRadioButton* p_RB_MODRIVAXM;

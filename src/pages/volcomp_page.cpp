@@ -107,7 +107,6 @@ void TVolcompPage::BuildLayout() {
     method->addWidget(pCB_ThComp, 6, 1, 1, 2);
     method->addWidget(pRB_UseMELDAXSet, 7, 0, 1, 3);
     method->setColumnStretch(2, 1);
-    method->setRowStretch(8, 1);
 
     auto* mode = new QVBoxLayout(pGBX_VolCompModeQen);
     mode->addWidget(pRB_BridgeQen);
@@ -124,10 +123,14 @@ void TVolcompPage::BuildLayout() {
     right->addWidget(pGBX_ContrCompOnExit);
     right->addStretch(1);
 
+    auto* left = new QVBoxLayout;
+    left->addWidget(pGBX_VolCompMethod);
+    left->addStretch(1);
+
     auto* page = new QHBoxLayout(this);
     page->setContentsMargins(24, 16, 24, 16);
     page->setSpacing(16);
-    page->addWidget(pGBX_VolCompMethod, 3);
+    page->addLayout(left, 3);
     page->addLayout(right, 2);
 }
 
