@@ -1,6 +1,5 @@
 #include "widgets/edit_combo_box.h"
 
-#include <QAbstractItemView>
 #include <QApplication>
 #include <QFocusEvent>
 #include <QKeyEvent>
@@ -11,7 +10,9 @@
 namespace wk {
 
 EditComboBox::EditComboBox(QWidget* parent) : QComboBox(parent) {
-    setEditable(true);
+    // Editable through a line edit of its own: setEditable would also build the list's popup
+    // at once, which is only needed when the user opens it.
+    setLineEdit(new QLineEdit(this));
     setInsertPolicy(QComboBox::NoInsert);
     // Typed values are numbers: completing them from the list would change what was typed.
     setCompleter(nullptr);
@@ -59,7 +60,8 @@ void EditComboBox::focusOutEvent(QFocusEvent* event) {
 namespace wk {
 
 void EditComboBox::keyPressEvent(QKeyEvent* event) {
-    const bool listOpen = view() != nullptr && view()->isVisible();
+    // (Asking the view would build the list's popup on the first key typed.)
+    const bool listOpen = QApplication::activePopupWidget() != nullptr;
     const int key = event->key();
     const bool plain =
         event->modifiers() == Qt::NoModifier || event->modifiers() == Qt::KeypadModifier;
