@@ -23,6 +23,7 @@
 #include "settings/setup_settings.h"
 #include "widgets/edit_combo_box.h"
 #include "widgets/edit_field.h"
+#include "widgets/radio_tab_stop.h"
 
 namespace wk {
 
@@ -447,6 +448,7 @@ void TMacParPage::ShowConnection() {
     ShowPortField();
     pRB_CNC->setChecked(settings.Cnc);
     pRB_Manual->setChecked(!settings.Cnc);
+    TabStopOnChecked({pRB_Manual, pRB_CNC});
     pCHB_CNC_Simul->setChecked(settings.CmmSimulation);
     pCHB_JX01_Simul->setChecked(settings.Jx01Simulation);
 }
@@ -536,6 +538,7 @@ void TMacParPage::SelectHeadType(std::int32_t type) {
     QRadioButton* buttons[] = {p_RB_PHx, p_RB_MODRIVAXM, p_RB_MODRIVAXI};
     if (type >= 0 && type <= 2) {
         buttons[type]->setChecked(true);
+        TabStopOnChecked({p_RB_PHx, p_RB_MODRIVAXM, p_RB_MODRIVAXI});
         return;
     }
     // A type the page does not know: no button stands for it.
@@ -544,12 +547,14 @@ void TMacParPage::SelectHeadType(std::int32_t type) {
         button->setChecked(false);
         button->setAutoExclusive(true);
     }
+    TabStopOnChecked({p_RB_PHx, p_RB_MODRIVAXM, p_RB_MODRIVAXI});
 }
 
 void TMacParPage::SetHeadTypeEnabled(bool enabled) {
     for (QRadioButton* button : {p_RB_PHx, p_RB_MODRIVAXM, p_RB_MODRIVAXI}) {
         button->setEnabled(enabled);
     }
+    TabStopOnChecked({p_RB_PHx, p_RB_MODRIVAXM, p_RB_MODRIVAXI});
 }
 
 void TMacParPage::SetPh9ListsEnabled(bool enabled) {

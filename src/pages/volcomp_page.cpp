@@ -12,6 +12,7 @@
 
 #include "platform/text_codec.h"
 #include "settings/setup_settings.h"
+#include "widgets/radio_tab_stop.h"
 
 // The form also holds a group of two disabled, read-only edits with labels for the MELDAX
 // method. They name nothing the settings files hold and nothing can be done with them, so the
@@ -165,6 +166,7 @@ void TVolcompPage::Initialise() {
     for (QRadioButton* button : {pRB_VolDis, pRB_VolEn, pRB_Restore}) {
         button->setEnabled(acceptsTcpip);
     }
+    SetTabStops();
 }
 
 void TVolcompPage::Load(bool /*refreshAll*/) {
@@ -189,6 +191,13 @@ void TVolcompPage::ShowChoices() {
     CheckButtonOf(settings.CompensMode,
                   {{pRB_HorizQen, 0}, {pRB_BridgeQen, 1}, {pRB_DualReaderQen, 2}});
     CheckButtonOf(settings.CtrVolcompOnExit, {{pRB_VolDis, 0}, {pRB_VolEn, 1}, {pRB_Restore, 2}});
+    SetTabStops();
+}
+
+void TVolcompPage::SetTabStops() {
+    TabStopOnChecked({pRB_None, pRB_Qen, pRB_KVL, pRB_Controller, pRB_UseMELDAXSet});
+    TabStopOnChecked({pRB_BridgeQen, pRB_HorizQen, pRB_DualReaderQen});
+    TabStopOnChecked({pRB_VolDis, pRB_VolEn, pRB_Restore});
 }
 
 bool TVolcompPage::ChooseMethod(std::int32_t method) {

@@ -45,6 +45,8 @@ private:
     void ConnectHandlers();
     // The check marks of the record's values.
     void ShowChoices();
+    // Tab enters each group of buttons at its checked one.
+    void SetTabStops();
     // A method chosen: its value, and whether the QEN switch applies (the thermal switch is
     // left to each handler).
     bool ChooseMethod(std::int32_t method);

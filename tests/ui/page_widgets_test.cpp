@@ -7,6 +7,7 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QSignalSpy>
 #include <QTest>
 #include <QVBoxLayout>
@@ -16,6 +17,7 @@
 #include "widgets/edit_combo_box.h"
 #include "widgets/edit_field.h"
 #include "widgets/focus_return.h"
+#include "widgets/radio_tab_stop.h"
 
 namespace wk {
 namespace {
@@ -138,6 +140,47 @@ TEST(ReturnFocusLater, NotIntoAFieldThatCannotTakeIt) {
     window.first->setEnabled(false);
     test::Settle();
     EXPECT_TRUE(window.second->hasFocus());
+}
+
+// An edit, then three radio buttons of one group.
+class RadioWindow : public QWidget {
+public:
+    RadioWindow() {
+        auto* layout = new QVBoxLayout(this);
+        edit = new EditField(this);
+        layout->addWidget(edit);
+        for (QRadioButton*& button : buttons) {
+            button = new QRadioButton(QStringLiteral("Choice"), this);
+            layout->addWidget(button);
+        }
+        show();
+        activateWindow();
+        (void)QTest::qWaitForWindowActive(this, 2000);
+    }
+    // Where Tab from the edit lands.
+    QWidget* TabFromEdit() {
+        edit->setFocus(Qt::TabFocusReason);
+        test::PressTab(edit);
+        return QApplication::focusWidget();
+    }
+    EditField* edit;
+    QRadioButton* buttons[3];
+};
+
+TEST(TabStopOnChecked, TabEntersTheGroupAtTheCheckedButton) {
+    RadioWindow window;
+    window.buttons[1]->setChecked(true);
+    TabStopOnChecked({window.buttons[0], window.buttons[1], window.buttons[2]});
+    EXPECT_EQ(window.TabFromEdit(), window.buttons[1]);
+}
+
+TEST(TabStopOnChecked, ACheckedButtonThatCannotBeUsedLeavesTheWayInToTheFirstUsableOne) {
+    RadioWindow window;
+    window.buttons[2]->setChecked(true);
+    window.buttons[2]->setEnabled(false);
+    window.buttons[0]->setEnabled(false);
+    TabStopOnChecked({window.buttons[0], window.buttons[1], window.buttons[2]});
+    EXPECT_EQ(window.TabFromEdit(), window.buttons[1]);
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 
 #include <QAbstractButton>
 #include <QAction>
+#include <QApplication>
 #include <QGroupBox>
 #include <QLineEdit>
 #include <algorithm>
@@ -12,6 +13,7 @@
 
 #include "page_test_fixture.h"
 #include "shell/kestel_main_wind.h"
+#include "ui_test_support.h"
 #include "user_input.h"
 #include "widgets/page_control.h"
 
@@ -252,6 +254,22 @@ TEST_F(VolcompPage, DiscardingTheChangesShowsTheMethodOfTheFilesAgain) {
     ShowPage();
     EXPECT_EQ(CheckedMethod(), "pRB_Qen");
     EXPECT_EQ(Record().VolcompMethod, 1);
+}
+
+TEST_F(VolcompPage, TabGoesThroughTheMethodWithItsSettingsThenTheModeThenTheExitChoice) {
+    StartVolcomp(Wzelko("RMD"), Wzelko32("CTRL"));
+    QWidget* page = Page("VolcompTabSheet");
+    Box("pRB_Controller")->setFocus(Qt::TabFocusReason);
+    std::vector<std::string> visited;
+    for (int i = 0; i < 12; ++i) {
+        QWidget* now = QApplication::focusWidget();
+        if (now == nullptr || !page->isAncestorOf(now)) break;
+        visited.push_back(now->objectName().toStdString());
+        test::PressTab(now);
+    }
+    // The QEN switch is not usable with the controller's method.
+    EXPECT_EQ(visited, (std::vector<std::string>{"pRB_Controller", "pSLE_CosDatFnameKVL",
+                                                 "pCB_ThComp", "pRB_BridgeQen", "pRB_Restore"}));
 }
 
 TEST_F(VolcompPage, NoTwoControlsOfThePageShareAMnemonic) {
