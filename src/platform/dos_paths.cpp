@@ -1,8 +1,5 @@
 #include "platform/dos_paths.h"
 
-#include "platform/ascii_case.h"
-#include "platform/file_lookup.h"
-
 #include <cctype>
 #include <cstdio>
 #include <filesystem>
@@ -11,7 +8,17 @@
 #include <utility>
 #include <vector>
 
+#include "platform/ascii_case.h"
+#include "platform/file_lookup.h"
 #include "platform/windows_directory.h"
+
+#ifndef _WIN32
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#endif
 
 namespace wk::platform {
 namespace fs = std::filesystem;
@@ -181,8 +188,27 @@ std::FILE* OpenFileA(const char* path, const char* mode) {
     }
 #ifdef _WIN32
     hostMode = mode;
-#endif
     return std::fopen(ToHostPath(path).c_str(), hostMode.c_str());
+#else
+    const std::string host = ToHostPath(path);
+    if (hostMode != "r" && hostMode != "rb") return std::fopen(host.c_str(), hostMode.c_str());
+    // A file that is read must be a regular file: opening a named pipe would wait for a
+    // writer for ever, and a device such as /dev/zero never ends. It is opened without
+    // blocking and looked at before anything is read.
+    const int fd = ::open(host.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
+    if (fd < 0) return nullptr;
+    struct stat st {};
+    if (::fstat(fd, &st) != 0 || !S_ISREG(st.st_mode)) {
+        const int why = S_ISDIR(st.st_mode) ? EISDIR : ENODEV;
+        ::close(fd);
+        errno = why;
+        return nullptr;
+    }
+    ::fcntl(fd, F_SETFL, ::fcntl(fd, F_GETFL) & ~O_NONBLOCK);
+    std::FILE* file = ::fdopen(fd, hostMode.c_str());
+    if (file == nullptr) ::close(fd);
+    return file;
+#endif
 }
 
 bool DeleteFileA(const char* path) {

@@ -1,0 +1,498 @@
+#include "platform/file_replace.h"
+
+#include <algorithm>
+#include <atomic>
+#include <cctype>
+#include <cerrno>
+#include <cstdio>
+#include <filesystem>
+#include <random>
+#include <set>
+#include <system_error>
+
+#include "platform/profile_file.h"
+
+#ifdef _WIN32
+#include "platform/win32_path.h"
+#else
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#endif
+
+namespace wk::platform {
+namespace {
+
+namespace fs = std::filesystem;
+
+std::atomic<bool> replaceReadOnly{false};
+
+constexpr std::size_t kTemporarySuffixLength = 6;
+constexpr char kJournalHeader[] = "wkestel journal 1\n";
+constexpr char kJournalTrailer[] = "end\n";
+
+std::string DirectoryOf(const std::string& path) {
+    const fs::path p(path);
+    return p.has_parent_path() ? p.parent_path().string() : std::string(".");
+}
+
+std::string NameOf(const std::string& path) {
+    return fs::path(path).filename().string();
+}
+
+std::string TemporaryPrefix(const std::string& target) {
+    return "." + NameOf(target) + kTemporaryInfix;
+}
+
+// True for "." + name + ".wkestel-" + six letters or digits: a temporary file of this
+// program for `target`, and nothing else (a user's ".WZELKO.INI.wkestel-notes.txt" is not).
+bool IsTemporaryNameOf(const std::string& entryName, const std::string& target) {
+    const std::string prefix = TemporaryPrefix(target);
+    if (entryName.size() != prefix.size() + kTemporarySuffixLength) return false;
+    if (entryName.compare(0, prefix.size(), prefix) != 0) return false;
+    return std::all_of(entryName.begin() + static_cast<std::ptrdiff_t>(prefix.size()),
+                       entryName.end(),
+                       [](char c) { return std::isalnum(static_cast<unsigned char>(c)) != 0; });
+}
+
+// The file a write replaces: a symbolic link is followed to its target, so that the link
+// stays a link. A loop of links is an error.
+bool FollowLinks(const std::string& path, std::string& target, FileError& error) {
+    fs::path current = path;
+    std::error_code ec;
+    for (int hops = 0; hops < 40; ++hops) {
+        if (!fs::is_symlink(fs::symlink_status(current, ec))) {
+            target = current.string();
+            return true;
+        }
+        fs::path next = fs::read_symlink(current, ec);
+        if (ec) {
+            error = FileError{path, ec.message()};
+            return false;
+        }
+        current = next.is_relative() ? current.parent_path() / next : next;
+    }
+    error = ErrnoError(path, ELOOP);
+    return false;
+}
+
+// Removes this program's temporary files of `target` that an interrupted save left: names
+// of the pattern only, and only those older than the running save, so that a temporary file
+// another writer is filling right now is never touched.
+void RemoveLeftoverTemporaries(const std::string& target, fs::file_time_type before) {
+    std::error_code ec;
+    const std::string directory = DirectoryOf(target);
+    for (fs::directory_iterator it(directory, ec), end; !ec && it != end; it.increment(ec)) {
+        const std::string name = it->path().filename().string();
+        if (!IsTemporaryNameOf(name, target)) continue;
+        std::error_code entryEc;
+        if (!it->is_regular_file(entryEc) || it->is_symlink(entryEc)) continue;
+        const fs::file_time_type written = fs::last_write_time(it->path(), entryEc);
+        if (entryEc || written >= before) continue;
+        fs::remove(it->path(), entryEc);
+    }
+}
+
+// ---- the system calls, one small block per system -------------------------------------------
+
+#ifndef _WIN32
+
+FileError ReadOnlyRefusal(const std::string& path, const std::string& target) {
+    struct stat st {};
+    if (::stat(target.c_str(), &st) != 0) return {};
+    char mode[8];
+    std::snprintf(mode, sizeof mode, "%04o", static_cast<unsigned>(st.st_mode & 07777));
+    // No write permission for anybody is the read-only mark a user sets (chmod a-w); it binds
+    // the administrator too, who could otherwise write anything.
+    if ((st.st_mode & 0222) == 0)
+        return FileError{
+            path, std::string("the file is read-only (mode ") + mode + "); nothing was written"};
+    if (::faccessat(AT_FDCWD, target.c_str(), W_OK, AT_EACCESS) != 0 && errno == EACCES)
+        return FileError{path, std::string("this user may not write the file (mode ") + mode +
+                                   ", owner " + std::to_string(st.st_uid) +
+                                   "); nothing was written"};
+    return {};
+}
+
+// The mode, owner and group a new file takes: the original's, or for a new file what any
+// program here would give it.
+struct Ownership {
+    bool existed = false;
+    mode_t mode = 0;
+    uid_t uid = 0;
+    gid_t gid = 0;
+};
+
+Ownership OwnershipOf(const std::string& target) {
+    Ownership o;
+    struct stat st {};
+    if (::stat(target.c_str(), &st) == 0) {
+        o.existed = true;
+        o.mode = st.st_mode & 07777;
+        o.uid = st.st_uid;
+        o.gid = st.st_gid;
+        return o;
+    }
+    const mode_t mask = ::umask(0);
+    ::umask(mask);
+    o.mode = 0666 & ~mask;
+    return o;
+}
+
+bool WriteAllBytes(int fd, const std::string& bytes) {
+    std::size_t done = 0;
+    while (done < bytes.size()) {
+        const ssize_t n = ::write(fd, bytes.data() + done, bytes.size() - done);
+        if (n < 0) {
+            if (errno == EINTR) continue;
+            return false;
+        }
+        done += static_cast<std::size_t>(n);
+    }
+    return true;
+}
+
+// Writes `bytes` to a new temporary file beside `target`, flushed to the disk, with the
+// original's mode and owner. `temp` names it on success.
+bool WriteTemporary(const std::string& path, const std::string& target, const std::string& bytes,
+                    std::string& temp, FileError& error) {
+    const Ownership owner = OwnershipOf(target);
+    temp = (fs::path(DirectoryOf(target)) / (TemporaryPrefix(target) + "XXXXXX")).string();
+    const int fd = ::mkostemp(temp.data(), O_CLOEXEC);
+    if (fd < 0) {
+        error = ErrnoError(path, errno);
+        temp.clear();
+        return false;
+    }
+    const auto fail = [&](int errorNumber) {
+        ::close(fd);
+        ::unlink(temp.c_str());
+        temp.clear();
+        error = ErrnoError(path, errorNumber);
+        return false;
+    };
+    if (!WriteAllBytes(fd, bytes)) return fail(errno);
+    if (::fchmod(fd, owner.mode) != 0) return fail(errno);
+    if (owner.existed && ::fchown(fd, owner.uid, owner.gid) != 0) {
+        // Not the owner: the file becomes this user's, as any replace by another user makes
+        // it; its group is kept where this user belongs to it.
+        [[maybe_unused]] const int ignored = ::fchown(fd, static_cast<uid_t>(-1), owner.gid);
+    }
+    if (::fsync(fd) != 0) return fail(errno);
+    if (::close(fd) != 0) {
+        const int closeError = errno;
+        ::unlink(temp.c_str());
+        temp.clear();
+        error = ErrnoError(path, closeError);
+        return false;
+    }
+    return true;
+}
+
+bool RenameOver(const std::string& from, const std::string& to, int& errorNumber) {
+    if (::rename(from.c_str(), to.c_str()) == 0) return true;
+    errorNumber = errno;
+    return false;
+}
+
+// A rename is on the disk once its directory is flushed.
+void SyncDirectory(const std::string& directory) {
+    const int fd = ::open(directory.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (fd < 0) return;
+    ::fsync(fd);
+    ::close(fd);
+}
+
+void RemoveFile(const std::string& path) {
+    ::unlink(path.c_str());
+}
+
+bool EntryExists(const std::string& path) {
+    struct stat st {};
+    return ::lstat(path.c_str(), &st) == 0;
+}
+
+#else  // _WIN32
+
+FileError ReadOnlyRefusal(const std::string& path, const std::string& target) {
+    const DWORD attributes = ::GetFileAttributesW(WidePath(target).c_str());
+    if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) != 0)
+        return FileError{path, "the file is read-only; nothing was written"};
+    return {};
+}
+
+bool WriteTemporary(const std::string& path, const std::string& target, const std::string& bytes,
+                    std::string& temp, FileError& error) {
+    static std::mt19937 random{std::random_device{}()};
+    static constexpr char kLetters[] =
+        "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789";
+    HANDLE file = INVALID_HANDLE_VALUE;
+    for (int attempt = 0; attempt < 100 && file == INVALID_HANDLE_VALUE; ++attempt) {
+        std::string suffix;
+        for (std::size_t i = 0; i < kTemporarySuffixLength; ++i)
+            suffix += kLetters[random() % (sizeof kLetters - 1)];
+        temp = (fs::path(DirectoryOf(target)) / (TemporaryPrefix(target) + suffix)).string();
+        file = ::CreateFileW(WidePath(temp).c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW,
+                             FILE_ATTRIBUTE_HIDDEN, nullptr);
+        if (file == INVALID_HANDLE_VALUE && ::GetLastError() != ERROR_FILE_EXISTS) break;
+    }
+    if (file == INVALID_HANDLE_VALUE) {
+        error = FileError{path, WindowsErrorText(::GetLastError())};
+        temp.clear();
+        return false;
+    }
+    bool ok = true;
+    std::size_t done = 0;
+    while (ok && done < bytes.size()) {
+        DWORD n = 0;
+        const DWORD want = static_cast<DWORD>(std::min<std::size_t>(bytes.size() - done, 1u << 30));
+        ok = ::WriteFile(file, bytes.data() + done, want, &n, nullptr) != 0;
+        done += n;
+    }
+    ok = ok && ::FlushFileBuffers(file) != 0;
+    const DWORD code = ok ? 0 : ::GetLastError();
+    ::CloseHandle(file);
+    if (!ok) {
+        ::DeleteFileW(WidePath(temp).c_str());
+        temp.clear();
+        error = FileError{path, WindowsErrorText(code)};
+        return false;
+    }
+    // The temporary file was hidden while it was written; the settings file is not.
+    ::SetFileAttributesW(WidePath(temp).c_str(), FILE_ATTRIBUTE_NORMAL);
+    return true;
+}
+
+bool RenameOver(const std::string& from, const std::string& to, int& errorNumber) {
+    if (::MoveFileExW(WidePath(from).c_str(), WidePath(to).c_str(),
+                      MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH))
+        return true;
+    errorNumber = ::GetLastError() == ERROR_ACCESS_DENIED ? EACCES : EIO;
+    return false;
+}
+
+// MOVEFILE_WRITE_THROUGH has flushed the rename already.
+void SyncDirectory(const std::string&) {}
+
+void RemoveFile(const std::string& path) {
+    ::DeleteFileW(WidePath(path).c_str());
+}
+
+bool EntryExists(const std::string& path) {
+    return ::GetFileAttributesW(WidePath(path).c_str()) != INVALID_FILE_ATTRIBUTES;
+}
+
+#endif
+
+// ---- the journal ------------------------------------------------------------------------------
+
+struct JournalEntry {
+    std::string temp;
+    std::string target;
+};
+
+std::string JournalPath(const std::string& directory) {
+    return (fs::path(directory) / kJournalFileName).string();
+}
+
+// Names may hold any byte but NUL, so each is ended by a NUL.
+std::string JournalBytes(const std::vector<JournalEntry>& entries) {
+    std::string bytes = kJournalHeader;
+    for (const JournalEntry& entry : entries) {
+        bytes += entry.temp;
+        bytes.push_back('\0');
+        bytes += entry.target;
+        bytes.push_back('\0');
+    }
+    bytes += kJournalTrailer;
+    return bytes;
+}
+
+// The entries of a complete journal whose every temporary file is a temporary file of this
+// program beside the file it replaces; false for anything else, so that a damaged or planted
+// journal renames nothing.
+bool ParseJournal(const std::string& bytes, std::vector<JournalEntry>& entries) {
+    const std::string header = kJournalHeader;
+    const std::string trailer = kJournalTrailer;
+    if (bytes.size() < header.size() + trailer.size()) return false;
+    if (bytes.compare(0, header.size(), header) != 0) return false;
+    if (bytes.compare(bytes.size() - trailer.size(), trailer.size(), trailer) != 0) return false;
+    std::size_t at = header.size();
+    const std::size_t end = bytes.size() - trailer.size();
+    while (at < end) {
+        const std::size_t tempEnd = bytes.find('\0', at);
+        if (tempEnd == std::string::npos || tempEnd >= end) return false;
+        const std::size_t targetEnd = bytes.find('\0', tempEnd + 1);
+        if (targetEnd == std::string::npos || targetEnd >= end) return false;
+        JournalEntry entry{bytes.substr(at, tempEnd - at),
+                           bytes.substr(tempEnd + 1, targetEnd - tempEnd - 1)};
+        if (DirectoryOf(entry.temp) != DirectoryOf(entry.target) ||
+            !IsTemporaryNameOf(NameOf(entry.temp), entry.target))
+            return false;
+        entries.push_back(std::move(entry));
+        at = targetEnd + 1;
+    }
+    return true;
+}
+
+// Renames each temporary file that is still there over its file, in order; a temporary
+// file that is gone was renamed before. Reports the first failure and goes on with the rest.
+bool RenameEntries(const std::vector<JournalEntry>& entries, FileError& error) {
+    bool ok = true;
+    std::set<std::string> directories;
+    for (const JournalEntry& entry : entries) {
+        directories.insert(DirectoryOf(entry.target));
+        if (!EntryExists(entry.temp)) continue;
+        int errorNumber = 0;
+        if (!RenameOver(entry.temp, entry.target, errorNumber)) {
+            if (ok) error = ErrnoError(entry.target, errorNumber);
+            ok = false;
+            RemoveFile(entry.temp);
+        }
+    }
+    for (const std::string& directory : directories) SyncDirectory(directory);
+    return ok;
+}
+
+}  // namespace
+
+void SetReplaceReadOnlyFiles(bool allowed) {
+    replaceReadOnly.store(allowed);
+}
+
+bool ReplaceReadOnlyFiles() {
+    return replaceReadOnly.load();
+}
+
+FileError ReplaceRefusal(const std::string& path) {
+    std::string target;
+    FileError error;
+    if (!FollowLinks(path, target, error)) return error;
+    const FileStamp stamp = StatFile(target);
+    if (stamp.kind == FileKind::Missing) return {};
+    if (stamp.kind != FileKind::Regular) return FileError{path, DescribeUnusableFile(stamp)};
+    if (ReplaceReadOnlyFiles()) return {};
+    return ReadOnlyRefusal(path, target);
+}
+
+FileReplacement::FileReplacement(std::string journalDirectory)
+    : journalDirectory_(std::move(journalDirectory)), start_(std::chrono::system_clock::now()) {}
+
+FileReplacement::~FileReplacement() {
+    Discard();
+}
+
+bool FileReplacement::Stage(const std::string& path, const std::string& bytes, FileError& error) {
+    if (FileError refusal = ReplaceRefusal(path); !refusal.Empty()) {
+        error = std::move(refusal);
+        return false;
+    }
+    Staged staged{path, {}, {}};
+    if (!FollowLinks(path, staged.target, error)) return false;
+    // Leftovers of interrupted saves go first; a journal still pending would name some of
+    // them, so then they stay for its completion.
+    if (!JournalPending(journalDirectory_)) {
+        const auto before =
+            fs::file_time_type::clock::now() - (std::chrono::system_clock::now() - start_);
+        RemoveLeftoverTemporaries(staged.target, before);
+    }
+    if (!WriteTemporary(path, staged.target, bytes, staged.temp, error)) return false;
+    for (Staged& earlier : staged_) {
+        if (earlier.target == staged.target) {
+            RemoveFile(earlier.temp);
+            earlier = std::move(staged);
+            return true;
+        }
+    }
+    staged_.push_back(std::move(staged));
+    return true;
+}
+
+void FileReplacement::Discard() {
+    for (const Staged& staged : staged_) RemoveFile(staged.temp);
+    staged_.clear();
+}
+
+bool FileReplacement::Commit(FileError& error) {
+    if (staged_.empty()) return true;
+    if (staged_.size() == 1) {
+        const Staged staged = staged_.front();
+        staged_.clear();
+        int errorNumber = 0;
+        if (!RenameOver(staged.temp, staged.target, errorNumber)) {
+            RemoveFile(staged.temp);
+            error = ErrnoError(staged.path, errorNumber);
+            return false;
+        }
+        SyncDirectory(DirectoryOf(staged.target));
+        return true;
+    }
+
+    std::vector<JournalEntry> entries;
+    for (const Staged& staged : staged_)
+        entries.push_back(JournalEntry{staged.temp, staged.target});
+    const std::string journal = JournalPath(journalDirectory_);
+    {
+        // The journal itself is renamed into place, so that it is there whole or not at all.
+        FileReplacement journalWrite(journalDirectory_);
+        if (!journalWrite.Stage(journal, JournalBytes(entries), error) ||
+            !journalWrite.Commit(error)) {
+            Discard();
+            return false;
+        }
+    }
+    // From here the new set is decided: a kill leaves the journal, which the next access
+    // completes.
+    int errorNumber = 0;
+    const Staged& first = staged_.front();
+    if (!RenameOver(first.temp, first.target, errorNumber)) {
+        // Nothing is replaced yet, so the old set can still stand whole.
+        error = ErrnoError(first.path, errorNumber);
+        RemoveFile(journal);
+        SyncDirectory(journalDirectory_);
+        Discard();
+        return false;
+    }
+    bool ok = true;
+    std::set<std::string> directories{DirectoryOf(first.target)};
+    for (std::size_t i = 1; i < staged_.size(); ++i) {
+        const Staged& staged = staged_[i];
+        directories.insert(DirectoryOf(staged.target));
+        if (!RenameOver(staged.temp, staged.target, errorNumber)) {
+            // Under the lock only an outside hand (a directory put in the file's place) gets
+            // here; the files already replaced stay, and the failure is reported.
+            if (ok) {
+                error = ErrnoError(staged.path, errorNumber);
+                error.reason += " (the files before it in this save were replaced)";
+            }
+            ok = false;
+            RemoveFile(staged.temp);
+        }
+    }
+    staged_.clear();
+    for (const std::string& directory : directories) SyncDirectory(directory);
+    RemoveFile(journal);
+    SyncDirectory(journalDirectory_);
+    return ok;
+}
+
+bool JournalPending(const std::string& directory) {
+    return EntryExists(JournalPath(directory));
+}
+
+bool CompleteInterruptedCommit(const std::string& directory, FileError& error) {
+    const std::string journal = JournalPath(directory);
+    if (!EntryExists(journal)) return true;
+    std::string bytes;
+    FileStamp stamp;
+    constexpr std::size_t kJournalLimit = 1 << 20;
+    if (!ReadWholeFile(journal, kJournalLimit, bytes, stamp, error)) return false;
+    std::vector<JournalEntry> entries;
+    bool ok = true;
+    if (ParseJournal(bytes, entries)) ok = RenameEntries(entries, error);
+    RemoveFile(journal);
+    SyncDirectory(directory);
+    return ok;
+}
+
+}  // namespace wk::platform
