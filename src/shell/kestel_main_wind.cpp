@@ -26,6 +26,8 @@
 #include "shell/file_filter.h"
 #include "shell/kestel_page.h"
 #include "shell/qt_message_box.h"
+#include "shell/save_failure.h"
+#include "shell/startup_messages.h"
 #include "widgets/edit_field.h"
 #include "widgets/page_control.h"
 
@@ -307,10 +309,9 @@ bool TKestelMainWind::FirstActivation() {
         char systemDir[256] = {};
         ReadProfileText("SYSTEM_DIR", systemDir, 80, "Wzelko");
         controllerType_ = systemDir;
-        char message[512];
-        std::snprintf(message, sizeof message, "Be sure working dir is correct ! (%s)",
-                      controllerType_.c_str());
-        MessageBoxA(static_cast<QWidget*>(this), message, "", MB_OK | MB_ICONSTOP);
+        const std::string message = LanguageLibraryMissingMessage(controllerType_, language);
+        MessageBoxA(static_cast<QWidget*>(this), message.c_str(), "", MB_OK | MB_ICONSTOP);
+        startupFailed_ = true;
         ApplicationTerminate();
         return false;
     }
@@ -385,10 +386,11 @@ void TKestelMainWind::SettingsFilePresenceCheck() {
     GetWindowsDirectoryA(path, 512);
     std::strcat(path, "\\WZELKO.INI");
     if (!platform::FileExistsA(path)) {
-        MessageBoxA(static_cast<QWidget*>(this),
-                    GetLanguageString(kIdFileMissing, kLanguageMaxLength).c_str(), "",
-                    MB_OK | MB_ICONSTOP);
+        const std::string message =
+            SettingsFileMissingMessage(GetLanguageString(kIdFileMissing, kLanguageMaxLength));
+        MessageBoxA(static_cast<QWidget*>(this), message.c_str(), "", MB_OK | MB_ICONSTOP);
         // The sequence goes on; the program ends once control is back in the event loop.
+        startupFailed_ = true;
         ApplicationTerminate();
     }
     pBottBar_->setText(QString());
@@ -464,8 +466,11 @@ bool TKestelMainWind::ApplyCurrentPage(bool saveWithoutAsking) {
         case IDCANCEL:
             return false;
         case IDYES:
-            settings_->WriteAll();
-            return true;
+            // Deliberately unlike earlier versions, which wrote without looking at the
+            // result: a save that fails is told (which file, why), and the window stays where
+            // it is with the record still modified, so that the edit is kept and Exit asks
+            // again.
+            return SaveSettingsReportingFailure(static_cast<QWidget*>(this), *settings_);
         case IDNO:
             settings_->ReadAll();
             if (page) {

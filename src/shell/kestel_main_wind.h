@@ -79,6 +79,9 @@ public:
     // State the tests and tools look at.
     bool UpgradeRequested() const { return upgradeRequested_; }
     bool TerminationRequested() const { return terminationRequested_; }
+    // The start-up sequence failed (no language library, no settings file): the program
+    // ends, and its exit status says so.
+    bool StartupFailed() const { return startupFailed_; }
     bool Ready() const { return ready_; }
     PageControl* PageCtl() const { return pageControl_; }
     KestelPage* Page(const char* sheetName) const;
@@ -131,6 +134,7 @@ private:
     bool activated_ = false;
     bool ready_ = false;
     bool terminationRequested_ = false;
+    bool startupFailed_ = false;
     bool destroying_ = false;
     bool languageLoaded_ = false;
 
