@@ -12,7 +12,7 @@
 namespace wk::cli {
 
 // For the profile commands: one line on the error stream when the file that `fileName` names
-// is missing, unreadable, a directory or a special file ("wkestel: /p/X.INI: does not exist;
+// is missing, unreadable, a directory, a pipe or a device ("wkestel: /p/X.INI: does not exist;
 // read as Windows reads it: the default"). The exit code is left as it is.
 void NoteProfileFileState(const std::string& fileName, CliContext& ctx);
 

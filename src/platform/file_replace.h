@@ -53,7 +53,7 @@ inline constexpr const char* kTemporaryInfix = ".wkestel-";
 void SetReplaceReadOnlyFiles(bool allowed);
 bool ReplaceReadOnlyFiles();
 
-// Why the file that `path` names may not be replaced (a directory, a special file, a link
+// Why the file that `path` names may not be replaced (a directory, a pipe or device, a link
 // loop, a read-only file); an empty error when it may be, or when it does not exist yet.
 FileError ReplaceRefusal(const std::string& path);
 

@@ -245,8 +245,8 @@ ProfileFileStatus GetProfileFileStatus(const char* fileName) {
     } else if (info.stamp.kind == platform::FileKind::Directory) {
         status.state = ProfileFileState::Directory;
         status.problem = platform::DescribeUnusableFile(info.stamp);
-    } else if (info.stamp.kind == platform::FileKind::Special) {
-        status.state = ProfileFileState::SpecialFile;
+    } else if (info.stamp.kind == platform::FileKind::NotRegular) {
+        status.state = ProfileFileState::NotRegular;
         status.problem = platform::DescribeUnusableFile(info.stamp);
     } else if (!info.readError.Empty()) {
         status.state = ProfileFileState::Unreadable;

@@ -24,7 +24,7 @@ std::string DescribeUnusableFile(const FileStamp& stamp) {
             return "is a directory";
         case FileKind::Unusable:
             return std::strerror(stamp.error);
-        case FileKind::Special:
+        case FileKind::NotRegular:
 #ifndef _WIN32
             if (stamp.typeBits == S_IFIFO) return "is a named pipe, not a regular file";
             if (stamp.typeBits == S_IFCHR || stamp.typeBits == S_IFBLK)
@@ -50,7 +50,7 @@ FileStamp StampOf(const struct stat& st) {
     stamp.typeBits = st.st_mode & S_IFMT;
     stamp.kind = S_ISREG(st.st_mode)   ? FileKind::Regular
                  : S_ISDIR(st.st_mode) ? FileKind::Directory
-                                       : FileKind::Special;
+                                       : FileKind::NotRegular;
     stamp.size = static_cast<std::uint64_t>(st.st_size);
     stamp.mtimeSeconds = st.st_mtim.tv_sec;
     stamp.mtimeNanoseconds = st.st_mtim.tv_nsec;
@@ -183,7 +183,7 @@ bool ReadWholeFile(const std::string& path, std::size_t maxBytes, std::string& b
     }
     // Devices and pipes ("CON", "\\.\pipe\x") are no settings files.
     if (::GetFileType(file) != FILE_TYPE_DISK) {
-        stamp.kind = FileKind::Special;
+        stamp.kind = FileKind::NotRegular;
         error = FileError{path, DescribeUnusableFile(stamp)};
         ::CloseHandle(file);
         return false;

@@ -15,11 +15,11 @@
 namespace wk::platform {
 
 enum class FileKind : std::uint8_t {
-    Missing,    // nothing of that name (or a link to nothing)
-    Regular,    // a regular file, directly or through symbolic links
-    Directory,  // a directory
-    Special,    // a named pipe, a device or a socket
-    Unusable,   // stat failed for another reason: a link loop, a path that cannot be searched
+    Missing,     // nothing of that name (or a link to nothing)
+    Regular,     // a regular file, directly or through symbolic links
+    Directory,   // a directory
+    NotRegular,  // a named pipe, a device or a socket
+    Unusable,    // stat failed for another reason: a link loop, a path that cannot be searched
 };
 
 // Enough of a file's state to notice that another program changed it.
@@ -28,7 +28,7 @@ struct FileStamp {
     bool isDirectory = false;
     FileKind kind = FileKind::Missing;
     int error = 0;               // the errno of a stat that failed other than for a missing file
-    std::uint32_t typeBits = 0;  // the file type of st_mode (which special file it is)
+    std::uint32_t typeBits = 0;  // the file type of st_mode (pipe, device or socket)
     std::uint64_t size = 0;
     std::int64_t mtimeSeconds = 0;
     std::int64_t mtimeNanoseconds = 0;

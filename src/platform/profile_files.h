@@ -12,11 +12,11 @@
 namespace wk {
 
 enum class ProfileFileState {
-    Readable,     // a regular file whose content the profile functions read
-    Missing,      // no such file: reads give the default, as on Windows
-    Directory,    // a directory has the name
-    SpecialFile,  // a named pipe, device or socket has the name: never read
-    Unreadable,   // it exists but cannot be read (permissions, too large, a link loop)
+    Readable,    // a regular file whose content the profile functions read
+    Missing,     // no such file: reads give the default, as on Windows
+    Directory,   // a directory has the name
+    NotRegular,  // a named pipe, device or socket has the name: never read
+    Unreadable,  // it exists but cannot be read (permissions, too large, a link loop)
 };
 
 struct ProfileFileStatus {

@@ -135,7 +135,7 @@ ProfileStore::CachedFile& ProfileStore::Current(const std::string& path) {
                 file.document = std::make_unique<ProfileDocument>(std::move(bytes));
                 file.stamp = readStamp;
             }
-        } else if (stamp.kind == FileKind::Special || stamp.kind == FileKind::Unusable) {
+        } else if (stamp.kind == FileKind::NotRegular || stamp.kind == FileKind::Unusable) {
             // Never opened: a pipe would block, a device would never end.
             file.readError = FileError{path, DescribeUnusableFile(stamp)};
         }

@@ -23,24 +23,24 @@ namespace fs = std::filesystem;
 using test::EnginePrefix;
 using test::GetString;
 
-class SpecialFiles : public testing::Test {
+class UnusualFiles : public testing::Test {
 protected:
     std::string Path(const char* name) { return prefix.WinPath(name); }
     EnginePrefix prefix;
 };
 
-TEST_F(SpecialFiles, NamedPipeIsNeverOpenedForReadingAndReadsAsTheDefault) {
+TEST_F(UnusualFiles, NamedPipeIsNeverOpenedForReadingAndReadsAsTheDefault) {
     ASSERT_EQ(::mkfifo(Path("PIPE.INI").c_str(), 0644), 0);
     // Were the pipe opened for reading, this would wait for a writer for ever (and the
     // test's timeout would end it).
     EXPECT_EQ(GetString("S", "k", "default", "PIPE.INI"), "default");
     const ProfileFileStatus status = GetProfileFileStatus("PIPE.INI");
-    EXPECT_EQ(status.state, ProfileFileState::SpecialFile);
+    EXPECT_EQ(status.state, ProfileFileState::NotRegular);
     EXPECT_EQ(status.path, Path("PIPE.INI"));
     EXPECT_EQ(status.problem, "is a named pipe, not a regular file");
 }
 
-TEST_F(SpecialFiles, WriteToANamedPipeFailsAndLeavesThePipe) {
+TEST_F(UnusualFiles, WriteToANamedPipeFailsAndLeavesThePipe) {
     ASSERT_EQ(::mkfifo(Path("PIPE.INI").c_str(), 0644), 0);
     EXPECT_FALSE(WritePrivateProfileStringA("S", "k", "v", "PIPE.INI"));
     EXPECT_EQ(platform::LastProfileFailure().path, Path("PIPE.INI"));
@@ -48,17 +48,17 @@ TEST_F(SpecialFiles, WriteToANamedPipeFailsAndLeavesThePipe) {
     EXPECT_TRUE(fs::is_fifo(Path("PIPE.INI")));
 }
 
-TEST_F(SpecialFiles, LinkToADeviceIsNeverReadAndReadsAsTheDefault) {
+TEST_F(UnusualFiles, LinkToADeviceIsNeverReadAndReadsAsTheDefault) {
     fs::create_symlink("/dev/zero", Path("ZERO.INI"));
     EXPECT_EQ(GetString("S", "k", "default", "ZERO.INI"), "default");
     const ProfileFileStatus status = GetProfileFileStatus("ZERO.INI");
-    EXPECT_EQ(status.state, ProfileFileState::SpecialFile);
+    EXPECT_EQ(status.state, ProfileFileState::NotRegular);
     EXPECT_EQ(status.problem, "is a device, not a regular file");
     EXPECT_FALSE(WritePrivateProfileStringA("S", "k", "v", "ZERO.INI"));
     EXPECT_TRUE(fs::is_symlink(Path("ZERO.INI")));
 }
 
-TEST_F(SpecialFiles, SymbolicLinkLoopIsAnErrorAndIsNeverReplaced) {
+TEST_F(UnusualFiles, SymbolicLinkLoopIsAnErrorAndIsNeverReplaced) {
     fs::create_symlink("LOOP2.INI", Path("LOOP1.INI"));
     fs::create_symlink("LOOP1.INI", Path("LOOP2.INI"));
     EXPECT_EQ(GetString("S", "k", "default", "LOOP1.INI"), "default");
@@ -71,7 +71,7 @@ TEST_F(SpecialFiles, SymbolicLinkLoopIsAnErrorAndIsNeverReplaced) {
     EXPECT_TRUE(fs::is_symlink(Path("LOOP2.INI")));
 }
 
-TEST_F(SpecialFiles, LinkToARegularFileIsReadThroughTheLink) {
+TEST_F(UnusualFiles, LinkToARegularFileIsReadThroughTheLink) {
     const fs::path target = prefix.Root() / "elsewhere.ini";
     EnginePrefix::WriteBytes(target, "[S]\r\nk=linked\r\n");
     fs::create_symlink(target, Path("LINKED.INI"));
@@ -79,7 +79,7 @@ TEST_F(SpecialFiles, LinkToARegularFileIsReadThroughTheLink) {
     EXPECT_EQ(GetProfileFileStatus("LINKED.INI").state, ProfileFileState::Readable);
 }
 
-TEST_F(SpecialFiles, DirectoryReadsAsTheDefaultAndIsNamedAsADirectory) {
+TEST_F(UnusualFiles, DirectoryReadsAsTheDefaultAndIsNamedAsADirectory) {
     fs::create_directory(Path("DIR.INI"));
     EXPECT_EQ(GetString("S", "k", "default", "DIR.INI"), "default");
     const ProfileFileStatus status = GetProfileFileStatus("DIR.INI");
@@ -87,7 +87,7 @@ TEST_F(SpecialFiles, DirectoryReadsAsTheDefaultAndIsNamedAsADirectory) {
     EXPECT_EQ(status.problem, "is a directory");
 }
 
-TEST_F(SpecialFiles, MissingAndReadableFilesAreToldApart) {
+TEST_F(UnusualFiles, MissingAndReadableFilesAreToldApart) {
     EnginePrefix::WriteBytes(Path("HERE.INI"), "[S]\r\nk=\r\n");
     EXPECT_EQ(GetProfileFileStatus("HERE.INI").state, ProfileFileState::Readable);
     EXPECT_TRUE(GetProfileFileStatus("HERE.INI").problem.empty());
@@ -97,7 +97,7 @@ TEST_F(SpecialFiles, MissingAndReadableFilesAreToldApart) {
     EXPECT_EQ(missing.problem, "does not exist");
 }
 
-TEST_F(SpecialFiles, FileLargerThanTheLimitIsRefusedWithoutBeingRead) {
+TEST_F(UnusualFiles, FileLargerThanTheLimitIsRefusedWithoutBeingRead) {
     // A sparse file: its size says it all, nothing of it is read.
     {
         std::FILE* file = std::fopen(Path("HUGE.INI").c_str(), "wb");
@@ -113,7 +113,7 @@ TEST_F(SpecialFiles, FileLargerThanTheLimitIsRefusedWithoutBeingRead) {
     EXPECT_EQ(fs::file_size(Path("HUGE.INI")), platform::ProfileDocument::kMaxFileBytes + 1);
 }
 
-TEST_F(SpecialFiles, FileWithoutReadPermissionIsUnreadableNotMissing) {
+TEST_F(UnusualFiles, FileWithoutReadPermissionIsUnreadableNotMissing) {
     if (::geteuid() == 0) GTEST_SKIP() << "root reads any file";
     EnginePrefix::WriteBytes(Path("SECRET.INI"), "[S]\r\nk=1\r\n");
     fs::permissions(Path("SECRET.INI"), fs::perms::owner_write);
@@ -122,7 +122,7 @@ TEST_F(SpecialFiles, FileWithoutReadPermissionIsUnreadableNotMissing) {
     EXPECT_EQ(status.problem, "Permission denied");
 }
 
-TEST_F(SpecialFiles, OpeningANamedPipeForReadingReturnsAtOnceWithNothing) {
+TEST_F(UnusualFiles, OpeningANamedPipeForReadingReturnsAtOnceWithNothing) {
     ASSERT_EQ(::mkfifo(Path("PIPE.INI").c_str(), 0644), 0);
     const std::string dosPath = "C:\\windows\\PIPE.INI";
     EXPECT_EQ(platform::OpenFileA(dosPath.c_str(), "rt"), nullptr);
