@@ -9,6 +9,7 @@
 #include "platform/profile_files.h"
 #include "platform/profile_store.h"
 #include "platform/text_codec.h"
+#include "platform/windows_directory.h"
 
 namespace wk {
 namespace {
@@ -264,6 +265,12 @@ void DeclareNewProfileFileSpelling(const std::string& name) {
     ProfileStore& store = ProfileStore::Instance();
     std::lock_guard lock(store.Mutex());
     store.DeclareNewFileSpelling(name);
+}
+
+void CompleteInterruptedSaves() {
+    ProfileStore& store = ProfileStore::Instance();
+    std::lock_guard lock(store.Mutex());
+    store.CompleteInterruptedCommit(WindowsDirectoryHostPath());
 }
 
 bool ReplaceWholeFile(const std::string& path, const std::string& bytes) {

@@ -40,6 +40,12 @@ const FileError& LastProfileFailure();
 // application's installation names it. An existing file is found whatever its case.
 void DeclareNewProfileFileSpelling(const std::string& name);
 
+// Completes a save of the settings files that a kill interrupted in the Windows directory
+// (file_replace.h). The engine does so by itself when it first reads or writes a file there;
+// this is for code that reads the files by other means first (the upgrade opens them with
+// OpenFileA).
+void CompleteInterruptedSaves();
+
 // Replaces the whole file `path` (a path of the measuring application, "C:\windows\WZELKO.BAK",
 // or a host path; an existing file is matched without regard to case) with `bytes`, as the
 // engine replaces its own files: inside an AllOrNothing ProfileBatch together with the

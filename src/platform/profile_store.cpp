@@ -369,6 +369,10 @@ void ProfileStore::EndBatch() {
     }
 }
 
+void ProfileStore::CompleteInterruptedCommit(const std::string& directory) {
+    CompleteCommitForRead(directory);
+}
+
 void ProfileStore::Clear() {
     files_.clear();
     resolvedNames_.clear();

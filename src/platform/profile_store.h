@@ -93,6 +93,10 @@ public:
     // name given. An existing file is found whatever its case.
     void DeclareNewFileSpelling(const std::string& name);
 
+    // Completes a commit a kill interrupted in `directory`, as a read that finds its journal
+    // does. Call with Mutex() held.
+    void CompleteInterruptedCommit(const std::string& directory);
+
     // Forgets every parsed file (for tests and benchmarks that measure a first read).
     void Clear();
 

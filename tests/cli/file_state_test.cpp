@@ -198,3 +198,27 @@ TEST_F(CommandFileState, ResaveWithoutTheBackupSaysSo) {
 
 }  // namespace
 }  // namespace wk::test
+
+namespace wk::test {
+namespace {
+
+// A save killed after its journal was written: any command completes it before it looks at
+// the files, also one that reads none through the profile functions (an upgrade without
+// saved files).
+TEST(InterruptedSave, AnyCommandCompletesItFirst) {
+    TempWinePrefix prefix;
+    prefix.WriteWindowsFile("WZELKO.INI", "[CMM]\r\nPORT=COM3:\r\n");
+    prefix.WriteWindowsFile(".WZELKO.INI.wkestel-Tmp001", "[CMM]\r\nPORT=COM1:\r\n");
+    std::string journal = "wkestel journal 1\n";
+    journal += prefix.WindowsFile(".WZELKO.INI.wkestel-Tmp001").string() + '\0';
+    journal += prefix.WindowsFile("WZELKO.INI").string() + '\0';
+    journal += "end\n";
+    prefix.WriteWindowsFile(".wkestel.journal", journal);
+    const auto r = RunCli({"--prefix", prefix.Root().string(), "upgrade"});
+    EXPECT_EQ(r.exitCode, 0) << r.err;
+    EXPECT_EQ(prefix.ReadWindowsFile("WZELKO.INI"), "[CMM]\r\nPORT=COM1:\r\n");
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(prefix.WindowsDir()), {}), 1);
+}
+
+}  // namespace
+}  // namespace wk::test
