@@ -27,6 +27,7 @@
 #include <functional>
 #include <string>
 
+#include "pages/page_table.h"
 #include "platform/message_box.h"
 #include "platform/scratch_directory.h"
 #include "platform/windows_directory.h"
@@ -92,7 +93,7 @@ void ShowBareWindow() {
 // The window as the program shows it; false when it did not start. The caller has chosen the
 // prefix and the working directory.
 bool ShowKestelWindow() {
-    wk::TKestelMainWind window({"WKestel32"});
+    wk::TKestelMainWind window({"WKestel32"}, wk::PageTable());
     wk::SetMessageBoxPresenter([](const wk::MessageBoxRequest&) { return wk::IDOK; });
     window.show();
     window.activateWindow();

@@ -10,10 +10,10 @@
 #include <string>
 #include <vector>
 
-#include "dialogs/about_box.h"
+#include "pages/page_table.h"
 #include "platform/message_box.h"
 #include "shell/kestel_main_wind.h"
-#include "shell/pictures.h"
+#include "widgets/pictures.h"
 
 namespace {
 
@@ -47,10 +47,9 @@ int main(int argc, char** argv) {
     QApplication::setWindowIcon(wk::MainIcon());
 
     try {
-        wk::TKestelMainWind mainWind(commandLine);
+        wk::TKestelMainWind mainWind(commandLine, wk::PageTable());
         QObject::connect(&mainWind, &wk::TKestelMainWind::TerminateRequested, &app,
                          &QCoreApplication::quit, Qt::QueuedConnection);
-        wk::TAboutBox aboutBox(&mainWind);
         mainWind.show();
         // The start-up sequence runs on the first activation; a display without a window
         // manager does not activate a window that is merely shown.

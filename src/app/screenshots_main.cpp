@@ -11,10 +11,11 @@
 #include <cstdlib>
 
 #include "dialogs/about_box.h"
+#include "pages/page_table.h"
 #include "platform/message_box.h"
 #include "shell/kestel_main_wind.h"
-#include "shell/pictures.h"
 #include "widgets/page_control.h"
+#include "widgets/pictures.h"
 
 int main(int argc, char** argv) {
     if (argc != 2) {
@@ -35,7 +36,7 @@ int main(int argc, char** argv) {
     }
 
     // Messages of the start-up sequence go to standard error instead of waiting for a click.
-    wk::TKestelMainWind mainWind({"WKestel32"});
+    wk::TKestelMainWind mainWind({"WKestel32"}, wk::PageTable());
     wk::SetMessageBoxPresenter([](const wk::MessageBoxRequest& request) {
         std::fprintf(stderr, "wkestel-screenshots: message: %s\n", request.text.c_str());
         return wk::IDOK;

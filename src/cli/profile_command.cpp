@@ -9,6 +9,7 @@
 
 #include "cli/commands.h"
 #include "cli/file_state.h"
+#include "cli/help_texts.h"
 #include "cli/windows_directory_check.h"
 #include "platform/file_replace.h"
 #include "platform/profile.h"
@@ -18,6 +19,9 @@ namespace wk::cli {
 namespace {
 
 constexpr std::uint32_t kDefaultBufferSize = 65536;
+
+constexpr char kSectionHelp[] = "Section name, matched without regard to case";
+constexpr char kKeyHelp[] = "Key name, matched without regard to case";
 
 // A listing as the buffer delivers it: NUL-separated names within the returned length.
 // A name cut by the buffer is printed cut, as the measuring application would see it.
@@ -36,7 +40,11 @@ void PrintNameList(const std::vector<char>& buffer, std::uint32_t length, std::o
 
 // The buffer size must leave room for the terminating NUL the functions always write.
 void AddSizeOption(CLI::App* command, std::uint32_t& size) {
-    command->add_option("--size", size, "Buffer size in characters, NUL included")
+    command
+        ->add_option("--size", size,
+                     "Buffer size in characters, NUL included (default 65536): a longer text "
+                     "is cut as the function cuts it")
+        ->type_name("N")
         ->check(CLI::Range(1u, 16u * 1024u * 1024u));
 }
 
@@ -118,16 +126,23 @@ void AddForceOption(CLI::App* command, bool& force) {
 void AddProfileCommand(CLI::App& app, CliContext& ctx) {
     auto* profile = app.add_subcommand(
         "profile",
-        "Read and write INI files as the Windows private-profile functions do. FILE is a bare\n"
-        "name in the Windows directory (matched without regard to case), or a path.");
+        "Read and write INI files as the Windows private-profile functions do, one call per\n"
+        "command: names of files, sections and keys matched without regard to case, values as\n"
+        "the functions return them, every other line of the file kept byte for byte."
+#ifndef _WIN32
+        "\nA drive path (C:\\WZELKO\\X.INI) reaches the host through the prefix's drives."
+#endif
+    );
     profile->require_subcommand(1);
     auto args = std::make_shared<ProfileArgs>();
 
     auto* get = profile->add_subcommand("get", "Print the value of a key, as a buffer receives it");
-    get->add_option("FILE", args->file)->required();
-    get->add_option("SECTION", args->section)->required();
-    get->add_option("KEY", args->key)->required();
-    get->add_option("--default", args->defaultText, "Default when the key is missing")
+    get->add_option("FILE", args->file, kFileHelp)->required();
+    get->add_option("SECTION", args->section, kSectionHelp)->required();
+    get->add_option("KEY", args->key, kKeyHelp)->required();
+    get->add_option("--default", args->defaultText,
+                    "Text given when the file, section or key is missing (default: empty)")
+        ->type_name("TEXT")
         ->each([args](const std::string&) { args->hasDefault = true; });
     AddSizeOption(get, args->size);
     get->callback([args, &ctx] {
@@ -142,8 +157,8 @@ void AddProfileCommand(CLI::App& app, CliContext& ctx) {
     });
 
     auto* keys = profile->add_subcommand("keys", "List the keys of a section, one per line");
-    keys->add_option("FILE", args->file)->required();
-    keys->add_option("SECTION", args->section)->required();
+    keys->add_option("FILE", args->file, kFileHelp)->required();
+    keys->add_option("SECTION", args->section, kSectionHelp)->required();
     AddSizeOption(keys, args->size);
     keys->callback([args, &ctx] {
         if (!CheckWindowsDirectoryFor(args->file, ctx)) return;
@@ -155,7 +170,7 @@ void AddProfileCommand(CLI::App& app, CliContext& ctx) {
     });
 
     auto* sections = profile->add_subcommand("sections", "List the sections, one per line");
-    sections->add_option("FILE", args->file)->required();
+    sections->add_option("FILE", args->file, kFileHelp)->required();
     AddSizeOption(sections, args->size);
     sections->callback([args, &ctx] {
         if (!CheckWindowsDirectoryFor(args->file, ctx)) return;
@@ -167,10 +182,13 @@ void AddProfileCommand(CLI::App& app, CliContext& ctx) {
     });
 
     auto* integer = profile->add_subcommand("int", "Print a key's value read as an integer");
-    integer->add_option("FILE", args->file)->required();
-    integer->add_option("SECTION", args->section)->required();
-    integer->add_option("KEY", args->key)->required();
-    integer->add_option("DEFAULT", args->intDefault, "Value when the key is missing")->required();
+    integer->add_option("FILE", args->file, kFileHelp)->required();
+    integer->add_option("SECTION", args->section, kSectionHelp)->required();
+    integer->add_option("KEY", args->key, kKeyHelp)->required();
+    integer
+        ->add_option("DEFAULT", args->intDefault,
+                     "Value when the key is missing or empty (-1 reads as 4294967295)")
+        ->required();
     integer->callback([args, &ctx] {
         if (!CheckWindowsDirectoryFor(args->file, ctx)) return;
         ctx.out << GetPrivateProfileIntA(args->section.c_str(), args->key.c_str(), args->intDefault,
@@ -180,10 +198,12 @@ void AddProfileCommand(CLI::App& app, CliContext& ctx) {
     });
 
     auto* set = profile->add_subcommand("set", "Set a key, creating section and file if needed");
-    set->add_option("FILE", args->file)->required();
-    set->add_option("SECTION", args->section)->required();
-    set->add_option("KEY", args->key)->required();
-    set->add_option("VALUE", args->value)->required();
+    set->add_option("FILE", args->file, kFileHelp)->required();
+    set->add_option("SECTION", args->section, kSectionHelp)->required();
+    set->add_option("KEY", args->key, kKeyHelp)->required();
+    set->add_option("VALUE", args->value,
+                    "Value, written as given (an empty text is an empty value)")
+        ->required();
     AddForceOption(set, args->force);
     set->callback([args, &ctx] {
         if (!CheckWindowsDirectoryFor(args->file, ctx)) return;
@@ -197,9 +217,9 @@ void AddProfileCommand(CLI::App& app, CliContext& ctx) {
 
     auto* del = profile->add_subcommand(
         "delete", "Delete a key, or a whole section (its comment lines stay) when KEY is omitted");
-    del->add_option("FILE", args->file)->required();
-    del->add_option("SECTION", args->section)->required();
-    del->add_option("KEY", args->key);
+    del->add_option("FILE", args->file, kFileHelp)->required();
+    del->add_option("SECTION", args->section, kSectionHelp)->required();
+    del->add_option("KEY", args->key, "Key to delete; without it the whole section goes");
     AddForceOption(del, args->force);
     del->callback([args, del, &ctx] {
         if (!CheckWindowsDirectoryFor(args->file, ctx)) return;

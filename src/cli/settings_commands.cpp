@@ -21,6 +21,7 @@
 #include "platform/ascii_case.h"
 #include "platform/file_lookup.h"
 #include "platform/file_replace.h"
+#include "platform/host_path.h"
 #include "platform/profile.h"
 #include "platform/scratch_directory.h"
 #include "platform/text_codec.h"
@@ -201,7 +202,7 @@ public:
     ScratchPrefix& operator=(const ScratchPrefix&) = delete;
 
     fs::path WindowsDir() const { return prefix_.WindowsDir(); }
-    void Activate() const { platform::SetWinePrefixOverride(prefix_.Root().string()); }
+    void Activate() const { platform::SetWinePrefixOverride(platform::PathToAnsi(prefix_.Root())); }
 
 private:
     std::string previous_;
@@ -217,7 +218,8 @@ struct Change {
 std::vector<Change> Compare(const std::string& file, const std::vector<KeyValue>& before,
                             const std::vector<KeyValue>& after) {
     std::map<std::string, const KeyValue*> old;
-    for (const KeyValue& kv : before) old.emplace(ToUpperAscii(kv.section) + '\n' + ToUpperAscii(kv.key), &kv);
+    for (const KeyValue& kv : before)
+        old.emplace(ToUpperAscii(kv.section) + '\n' + ToUpperAscii(kv.key), &kv);
     std::vector<Change> changes;
     for (const KeyValue& kv : after) {
         const auto it = old.find(ToUpperAscii(kv.section) + '\n' + ToUpperAscii(kv.key));
@@ -240,7 +242,7 @@ std::vector<Change> Compare(const std::string& file, const std::vector<KeyValue>
 
 void Check(bool json, CliContext& ctx) {
     if (!CheckWindowsDirectory(ctx) || !CheckSettingsFilesReadable(ctx)) return;
-    const fs::path windowsDir = platform::WindowsDirectoryHostPath();
+    const fs::path windowsDir = platform::PathFromAnsi(platform::WindowsDirectoryHostPath());
     const LoadedRecord loaded = LoadRecord();
 
     const char* const files[] = {kWzelkoIni, kWzelko32Ini};
@@ -256,8 +258,8 @@ void Check(bool json, CliContext& ctx) {
                 std::error_code ec;
                 fs::copy_file(*source, scratch.WindowsDir() / source->filename(), ec);
                 if (ec) {
-                    ctx.err << "wkestel: cannot copy " << source->string() << ": " << ec.message()
-                            << '\n';
+                    ctx.err << "wkestel: cannot copy " << platform::PathToAnsi(*source) << ": "
+                            << ec.message() << '\n';
                     ctx.exitCode = 2;
                     return;
                 }

@@ -2,7 +2,17 @@
 
 #include <cstdio>
 
+#include "settings/axes_conv_schema.h"
+#include "settings/colour_schema.h"
+#include "settings/controller_schema.h"
+#include "settings/default_points_schema.h"
+#include "settings/directory_schema.h"
+#include "settings/init_schema.h"
+#include "settings/machine_schema.h"
+#include "settings/mech_offset_schema.h"
 #include "settings/settings_files.h"
+#include "settings/sound_schema.h"
+#include "settings/system_schema.h"
 
 namespace wk::cli {
 namespace {
@@ -11,10 +21,18 @@ class LevelBuilder {
 public:
     explicit LevelBuilder(std::string name) { level_.Name = std::move(name); }
 
-    LevelBuilder& Add(std::string field, std::string section, std::string key, SettingValue value,
-                      const char* file = kWzelkoIni, std::string note = {}) {
-        level_.Entries.push_back(SettingEntry{std::move(field), std::move(section), std::move(key),
-                                              file, std::move(value), std::move(note)});
+    // A setting of a declared key: its section, key and file come from the declaration.
+    LevelBuilder& Add(std::string field, const SettingKey& key, SettingValue value,
+                      std::string note = {}) {
+        level_.Entries.push_back(SettingEntry{std::move(field), &key, key.Section, key.Key,
+                                              key.DirectFileName(), std::move(value),
+                                              std::move(note)});
+        return *this;
+    }
+    // A setting that no key holds.
+    LevelBuilder& AddWithoutKey(std::string field, SettingValue value, std::string note) {
+        level_.Entries.push_back(SettingEntry{std::move(field), nullptr, "", "", kWzelkoIni,
+                                              std::move(value), std::move(note)});
         return *this;
     }
     SettingsLevel Done() { return std::move(level_); }
@@ -61,178 +79,167 @@ std::vector<SettingsLevel> ListSettings(const SetupSettings& r) {
     std::vector<SettingsLevel> levels;
 
     LevelBuilder colours("ColourSettings");
-    colours.Add("Metric", "MEASURE INTERFACE", "MEASURE MODE METRIC/INCH", r.IsMetric(), kWzelkoIni,
-                r.IsMetric() ? "millimetres" : "inches");
+    colours.Add("Metric", kMetric, r.IsMetric(), r.IsMetric() ? "millimetres" : "inches");
     for (int i = 0; i < ColourSettings::kColourEntryCount; ++i) {
         const ColourEntry& entry = r.ColourTable[static_cast<std::size_t>(i)];
-        const bool hasKey = i < ColourSettings::kColourKeyCount;
-        colours.Add(
-            "ColourTable[" + std::to_string(i) + "]", hasKey ? ColourSettings::kColourSection : "",
-            hasKey ? ColourSettings::kColourKeys[static_cast<std::size_t>(i)] : "",
-            ColourValue{ColourSettings::RedOf(entry.Colour), ColourSettings::GreenOf(entry.Colour),
-                        ColourSettings::BlueOf(entry.Colour), entry.Listed},
-            kWzelkoIni, hasKey ? "" : "spare entry, not written");
+        std::string field = "ColourTable[" + std::to_string(i) + "]";
+        const ColourValue value{ColourSettings::RedOf(entry.Colour),
+                                ColourSettings::GreenOf(entry.Colour),
+                                ColourSettings::BlueOf(entry.Colour), entry.Listed};
+        if (i < ColourSettings::kColourKeyCount) {
+            colours.Add(std::move(field), kWindowBackgroundKeys[static_cast<std::size_t>(i)],
+                        value);
+        } else {
+            colours.AddWithoutKey(std::move(field), value, "spare entry, not written");
+        }
     }
     levels.push_back(colours.Done());
 
     LevelBuilder machine("MachineSettings");
-    machine.Add("CtrVolcompOnExit", "CONTROLLER", "CTR VOLCOMP ON EXIT", I(r.CtrVolcompOnExit))
-        .Add("CompensMode", "COMPENS", "COMPENS MODE", I(r.CompensMode))
-        .Add("VolcompMethod", "COMPENS", "METHOD", I(r.VolcompMethod), kWzelko32Ini,
-             MethodName(r.VolcompMethod))
-        .Add("LegacyMethod", "COMPENS", "METHOD", I(r.LegacyMethod), kWzelkoIni,
-             MethodName(r.LegacyMethod))
-        .Add("CompensActive", "COMPENS", "ACTIVE", r.CompensActive, kWzelko32Ini)
-        .Add("ThermalCompens", "Compens", "Thermal", r.ThermalCompens, kWzelko32Ini)
-        .Add("ToolChanger", "MACHINEPARAM", "TOOL CHANGER", r.ToolChanger)
-        .Add("CosDatFileName", "MACHINEPARAM", "COSDAT FNAME", r.CosDatFileName)
-        .Add("CompensFileName", "COMPENS", "COMPENS FILE NAME", r.CompensFileName)
-        .Add("DistApproach", "MACHINEPARAM", "DIST APPROACH", r.DistApproach, kWzelkoIni, "mm")
-        .Add("XTerm", "MACHINEPARAM", "XTERM", r.XTerm)
-        .Add("YTerm", "MACHINEPARAM", "YTERM", r.YTerm)
-        .Add("ZTerm", "MACHINEPARAM", "ZTERM", r.ZTerm)
-        .Add("PartTerm", "MACHINEPARAM", "PARTTERM", r.PartTerm)
-        .Add("OptSpeed", "MACHINEPARAM", "OPTSPEED", r.OptSpeed)
-        .Add("OptSpeedSet", "MACHINEPARAM", "OPTSPEED", r.OptSpeedSet, kWzelkoIni,
-             "false: written empty")
-        .Add("Depth", "MACHINEPARAM", "DEPTH", r.Depth, kWzelkoIni, "mm")
-        .Add("DepthSet", "MACHINEPARAM", "DEPTH", r.DepthSet, kWzelkoIni, "false: written empty")
-        .Add("Cnc", "CMM", "CNC", r.Cnc)
-        .Add("PortIndex", "CMM", "PORT", I(r.PortIndex), kWzelkoIni,
+    machine.Add("CtrVolcompOnExit", kCtrVolcompOnExit, I(r.CtrVolcompOnExit))
+        .Add("CompensMode", kCompensMode, I(r.CompensMode))
+        .Add("VolcompMethod", kVolcompMethod, I(r.VolcompMethod), MethodName(r.VolcompMethod))
+        .Add("LegacyMethod", kLegacyMethod, I(r.LegacyMethod), MethodName(r.LegacyMethod))
+        .Add("CompensActive", kCompensActive, r.CompensActive)
+        .Add("ThermalCompens", kThermalCompens, r.ThermalCompens)
+        .Add("ToolChanger", kToolChanger, r.ToolChanger)
+        .Add("CosDatFileName", kCosDatFileName, r.CosDatFileName)
+        .Add("CompensFileName", kCompensFileName, r.CompensFileName)
+        .Add("DistApproach", kDistApproach, r.DistApproach, "mm")
+        .Add("XTerm", kXTerm, r.XTerm)
+        .Add("YTerm", kYTerm, r.YTerm)
+        .Add("ZTerm", kZTerm, r.ZTerm)
+        .Add("PartTerm", kPartTerm, r.PartTerm)
+        .Add("OptSpeed", kOptSpeed, r.OptSpeed)
+        .Add("OptSpeedSet", kOptSpeed, r.OptSpeedSet, "false: written empty")
+        .Add("Depth", kDepth, r.Depth, "mm")
+        .Add("DepthSet", kDepth, r.DepthSet, "false: written empty")
+        .Add("Cnc", kCnc, r.Cnc)
+        .Add("PortIndex", kPortIndex, I(r.PortIndex),
              r.PortIndex == MachineSettings::kTcpipPortIndex
                  ? std::string("TCP/IP")
                  : "COM" + std::to_string(r.PortIndex + 1))
-        .Add("CmmSimulation", "CMM", "SIMULATION", r.CmmSimulation)
-        .Add("Resolution", "CMM", "RESOLUTION", r.Resolution, kWzelkoIni, "mm")
-        .Add("Ph9Simulation", "Ph9", "SIMULATION", r.Ph9Simulation)
-        .Add("Ph9Present", "Ph9", "PH9PRESENT", r.Ph9Present)
-        .Add("Ph9Serial", "Ph9", "PORT", U(r.Ph9Serial), kWzelkoIni,
+        .Add("CmmSimulation", kCmmSimulation, r.CmmSimulation)
+        .Add("Resolution", kResolution, r.Resolution, "mm")
+        .Add("Ph9Simulation", kPh9Simulation, r.Ph9Simulation)
+        .Add("Ph9Present", kPh9Present, r.Ph9Present)
+        .Add("Ph9Serial", kPh9Serial, U(r.Ph9Serial),
              Hex(r.Ph9Serial) + " " + MachineSettings::Ph9SerialText(r.Ph9Serial))
-        .Add("Ph9Type", "PH9", "TYPE", I(r.Ph9Type), kWzelko32Ini)
-        .Add("Jx01Simulation", "MEAS_WINDOW", "JX01 SIMULATION", r.Jx01Simulation)
-        .Add("Jx01Delay", "MEAS_WINDOW", "JX01 DELAY", U(r.Jx01Delay))
-        .Add("UseSocket", "CMM", "USESOCKET", r.UseSocket)
-        .Add("TcpipAddress", "CMM", "TCPIP Address", r.TcpipAddress)
-        .Add("TcpipPort", "CMM", "TCPIP Port", I(r.TcpipPort));
+        .Add("Ph9Type", kPh9Type, I(r.Ph9Type))
+        .Add("Jx01Simulation", kJx01Simulation, r.Jx01Simulation)
+        .Add("Jx01Delay", kJx01Delay, U(r.Jx01Delay))
+        .Add("UseSocket", kUseSocket, r.UseSocket)
+        .Add("TcpipAddress", kTcpipAddress, r.TcpipAddress)
+        .Add("TcpipPort", kTcpipPort, I(r.TcpipPort));
     levels.push_back(machine.Done());
 
     LevelBuilder system("SystemSettings");
-    system.Add("LanguageCode", "Wzelko", "LANGUAGE", r.LanguageCode)
-        .Add("FenWire", "TOOL", "FENWIRE", r.FenWire)
-        .Add("Tp200", "MEASUREPARAM", "TP200", r.Tp200)
-        .Add("DiaSferaCal", "SYSTEMPARAM", "DIASFERACAL", r.DiaSferaCal, kWzelkoIni, "mm")
-        .Add("QualiFileName", "SYSTEMPARAM", "QUALIFILENAME", r.QualiFileName)
-        .Add("RefSysFileName", "SYSTEMPARAM", "REFSYSFILENAME", r.RefSysFileName)
-        .Add("MemoryFileName", "SYSTEMPARAM", "MEMORYFILENAME", r.MemoryFileName)
-        .Add("GraphPrinter", "GraphOutput", "Printer", r.GraphPrinter)
-        .Add("AutoSave", "SYSTEMPARAM", "AUTOSAVE", U(r.AutoSave))
-        .Add("TruePosErrDiameter", "OTHER", "TRUEPOSERR", r.TruePosErrDiameter, kWzelkoIni,
+    system.Add("LanguageCode", kLanguageCode, r.LanguageCode)
+        .Add("FenWire", kFenWire, r.FenWire)
+        .Add("Tp200", kTp200, r.Tp200)
+        .Add("DiaSferaCal", kDiaSferaCal, r.DiaSferaCal, "mm")
+        .Add("QualiFileName", kQualiFileName, r.QualiFileName)
+        .Add("RefSysFileName", kRefSysFileName, r.RefSysFileName)
+        .Add("MemoryFileName", kMemoryFileName, r.MemoryFileName)
+        .Add("GraphPrinter", kGraphPrinter, r.GraphPrinter)
+        .Add("AutoSave", kAutoSave, U(r.AutoSave))
+        .Add("TruePosErrDiameter", kTruePosErrDiameter, r.TruePosErrDiameter,
              r.TruePosErrDiameter ? "DIAMETER" : "RADIUS")
-        .Add("DoubleFormErr", "OTHER", "DOUBLEFORMERR", r.DoubleFormErr)
-        .Add("DosPpCompatibility", "SYSTEMPARAM", "ZELKO DOS PP COMPATIBILITY",
-             r.DosPpCompatibility)
-        .Add("Line3dCompens", "SYSTEMPARAM", "3D LINE COMPENS", U(r.Line3dCompens), kWzelkoIni,
+        .Add("DoubleFormErr", kDoubleFormErr, r.DoubleFormErr)
+        .Add("DosPpCompatibility", kDosPpCompatibility, r.DosPpCompatibility)
+        .Add("Line3dCompens", kLine3dCompens, U(r.Line3dCompens),
              r.Line3dCompens == 0   ? "USING SELPL"
              : r.Line3dCompens == 1 ? "SHOULD MODE"
                                     : "")
-        .Add("ThresholdAngMiddleRel", "SYSTEMPARAM", "THRESHOLD ANG MIDDLE REL",
-             r.ThresholdAngMiddleRel)
-        .Add("PrintAtEndExec", "EXEC", "PRINT AT END EXEC", r.PrintAtEndExec)
-        .Add("SelfAccelerators", "ELEMENTS MENU", "SELF ACCELERATORS", r.SelfAccelerators)
-        .Add("UseLastMemories", "MACRO", "USE LAST MEMORIES", r.UseLastMemories)
-        .Add("LinearityErrDiameter", "OTHER", "LINEARITY ERROR", r.LinearityErrDiameter, kWzelkoIni,
+        .Add("ThresholdAngMiddleRel", kThresholdAngMiddleRel, r.ThresholdAngMiddleRel)
+        .Add("PrintAtEndExec", kPrintAtEndExec, r.PrintAtEndExec)
+        .Add("SelfAccelerators", kSelfAccelerators, r.SelfAccelerators)
+        .Add("UseLastMemories", kUseLastMemories, r.UseLastMemories)
+        .Add("LinearityErrDiameter", kLinearityErrDiameter, r.LinearityErrDiameter,
              r.LinearityErrDiameter ? "DIAMETER" : "RADIUS")
-        .Add("ForceRef0", "SELF TEACHING", "FORCE REF0", r.ForceRef0)
-        .Add("GeoTolUseFormat", "GEO TOLERANCE", "USE FORMAT", r.GeoTolUseFormat)
-        .Add("GeoTolElementCreation", "MACRO", "GEO TOL ELEMENT CREATION", r.GeoTolElementCreation)
-        .Add("WaitAtEndExecution", "EXEC", "WAIT AT END EXECUTION", r.WaitAtEndExecution)
-        .Add("ImmediateDataInputWindow", "EXEC PROCEDURE", "IMMEDIATE DATA INPUT WINDOW",
-             r.ImmediateDataInputWindow)
-        .Add("QuickAlignments", "OTHER", "QUICK ALIGNEMENTS", r.QuickAlignments);
+        .Add("ForceRef0", kForceRef0, r.ForceRef0)
+        .Add("GeoTolUseFormat", kGeoTolUseFormat, r.GeoTolUseFormat)
+        .Add("GeoTolElementCreation", kGeoTolElementCreation, r.GeoTolElementCreation)
+        .Add("WaitAtEndExecution", kWaitAtEndExecution, r.WaitAtEndExecution)
+        .Add("ImmediateDataInputWindow", kImmediateDataInputWindow, r.ImmediateDataInputWindow)
+        .Add("QuickAlignments", kQuickAlignments, r.QuickAlignments);
     levels.push_back(system.Done());
 
     LevelBuilder init("InitSettings");
-    init.Add("AutoPower", "Wzelko", "AUTOPOWER", r.AutoPower)
-        .Add("AutoInit", "Wzelko", "AUTOINIT", r.AutoInit)
-        .Add("AutoLoad", "Wzelko", "AUTOLOAD", r.AutoLoad)
-        .Add("AutoExec", "Wzelko", "AUTOEXEC", r.AutoExec)
-        .Add("ExitCode", "Wzelko", "EXITCODE", U(r.ExitCode))
-        .Add("AutoPh9", "INIT", "AUTOPH9", r.AutoPh9)
-        .Add("AutoHome", "INIT", "AUTOHOME", r.AutoHome)
-        .Add("Ph9First", "INIT", "PHFIRST", r.Ph9First)
-        .Add("NoInteractiveInit", "INIT", "NO_INTERACTIVE", r.NoInteractiveInit)
-        .Add("RunPProg", "EXEC", "RUN_PPROG", r.RunPProg)
-        .Add("ExtProcFileName", "SYSTEMPARAM", "EXTPROCFILENAME", r.ExtProcFileName)
-        .Add("NilFileName", "EXEC", "NIL FILE", r.NilFileName)
-        .Add("NoInteractiveExec", "EXEC", "NO_INTERACTIVE", r.NoInteractiveExec)
-        .Add("PartProgramWindowOnRun", "EXEC", "PART PROGRAM WINDOW ON RUN CONTINUE",
-             r.PartProgramWindowOnRun)
-        .Add("AutoLoadCode", "SYSTEMPARAM", "AUTOLOAD", U(r.AutoLoadCode));
+    init.Add("AutoPower", kAutoPower, r.AutoPower)
+        .Add("AutoInit", kAutoInit, r.AutoInit)
+        .Add("AutoLoad", kAutoLoad, r.AutoLoad)
+        .Add("AutoExec", kAutoExec, r.AutoExec)
+        .Add("ExitCode", kExitCode, U(r.ExitCode))
+        .Add("AutoPh9", kAutoPh9, r.AutoPh9)
+        .Add("AutoHome", kAutoHome, r.AutoHome)
+        .Add("Ph9First", kPh9First, r.Ph9First)
+        .Add("NoInteractiveInit", kNoInteractiveInit, r.NoInteractiveInit)
+        .Add("RunPProg", kRunPProg, r.RunPProg)
+        .Add("ExtProcFileName", kExtProcFileName, r.ExtProcFileName)
+        .Add("NilFileName", kNilFileName, r.NilFileName)
+        .Add("NoInteractiveExec", kNoInteractiveExec, r.NoInteractiveExec)
+        .Add("PartProgramWindowOnRun", kPartProgramWindowOnRun, r.PartProgramWindowOnRun)
+        .Add("AutoLoadCode", kAutoLoadCode, U(r.AutoLoadCode));
     levels.push_back(init.Done());
 
     LevelBuilder offsets("MechOffsetSettings");
-    offsets.Add("OffsetX", "MECHAOFFS", "offx", r.OffsetX, kWzelkoIni, "mm")
-        .Add("OffsetY", "MECHAOFFS", "offy", r.OffsetY, kWzelkoIni, "mm")
-        .Add("OffsetZ", "MECHAOFFS", "offz", r.OffsetZ, kWzelkoIni, "mm")
-        .Add("CompensOffset", "MECHAOFFS", "compensoff", r.CompensOffset, kWzelkoIni, "mm")
-        .Add("BridgeAxisStroke", "MACHINEPARAM", "BRIDGE AXIS STROKE", r.BridgeAxisStroke,
-             kWzelkoIni, "mm");
+    offsets.Add("OffsetX", kOffsetX, r.OffsetX, "mm")
+        .Add("OffsetY", kOffsetY, r.OffsetY, "mm")
+        .Add("OffsetZ", kOffsetZ, r.OffsetZ, "mm")
+        .Add("CompensOffset", kCompensOffset, r.CompensOffset, "mm")
+        .Add("BridgeAxisStroke", kBridgeAxisStroke, r.BridgeAxisStroke, "mm");
     levels.push_back(offsets.Done());
 
     LevelBuilder points("DefaultPointsSettings");
-    for (std::size_t i = 0; i < DefaultPointsSettings::kElementCount; ++i) {
-        const std::string key = DefaultPointsSettings::kElementKeys[i];
-        points.Add("CurrentPoints." + key, DefaultPointsSettings::kDefaultPointsSection, key,
-                   U(r.CurrentPoints[i].Count), kWzelkoIni,
+    for (std::size_t i = 0; i < kDefaultPointsKeys.size(); ++i) {
+        const SettingKey& key = kDefaultPointsKeys[i];
+        points.Add(std::string("CurrentPoints.") + key.Key, key, U(r.CurrentPoints[i].Count),
                    "minimum " + std::to_string(r.MinimumPoints[i].Count));
     }
     levels.push_back(points.Done());
 
     LevelBuilder sounds("SoundSettings");
-    sounds.Add("PlayGeneral", SoundSettings::kSoundsSection, "enable", r.PlayGeneral)
-        .Add("PlayPowerOn", "Wzelko", "PLAY SOUNDS", r.PlayPowerOn)
-        .Add("PlayZeroes", "INIT", "PLAY SOUNDS", r.PlayZeroes)
-        .Add("PowerOnContinuous", "Wzelko", "CONTINUOUS SOUND", r.PowerOnContinuous)
-        .Add("ZeroesContinuous", "INIT", "PLAY CONTINUOUS", r.ZeroesContinuous)
-        .Add("Location", SoundSettings::kSoundsSection, "location", r.Location);
+    sounds.Add("PlayGeneral", kPlayGeneral, r.PlayGeneral)
+        .Add("PlayPowerOn", kPlayPowerOn, r.PlayPowerOn)
+        .Add("PlayZeroes", kPlayZeroes, r.PlayZeroes)
+        .Add("PowerOnContinuous", kPowerOnContinuous, r.PowerOnContinuous)
+        .Add("ZeroesContinuous", kZeroesContinuous, r.ZeroesContinuous)
+        .Add("Location", kLocation, r.Location);
     for (int id = 1; id <= SoundSettings::kSoundCount; ++id) {
-        const std::string key = SoundSettings::kSoundKeys[static_cast<std::size_t>(id - 1)];
-        sounds.Add("SoundFiles." + key, SoundSettings::kSoundsSection, key, r.GetSound(id, false),
-                   kWzelkoIni, "sound id " + std::to_string(id));
+        const SettingKey& key = kSoundFileKeys[static_cast<std::size_t>(id - 1)];
+        sounds.Add(std::string("SoundFiles.") + key.Key, key, r.GetSound(id, false),
+                   "sound id " + std::to_string(id));
     }
     levels.push_back(sounds.Done());
 
     LevelBuilder directories("DirectorySettings");
-    directories.Add("SystemDir", DirectorySettings::kDirectorySection, "SYSTEM_DIR", r.SystemDir)
-        .Add("DataDir", DirectorySettings::kDirectorySection, "DATA_DIR", r.DataDir)
-        .Add("PProgDir", DirectorySettings::kDirectorySection, "PPROG_DIR", r.PProgDir)
-        .Add("MeasDir", DirectorySettings::kDirectorySection, "MEAS_DIR", r.MeasDir)
-        .Add("UserDir", DirectorySettings::kDirectorySection, "USER_DIR", r.UserDir);
+    directories.Add("SystemDir", kSystemDir, r.SystemDir)
+        .Add("DataDir", kDataDir, r.DataDir)
+        .Add("PProgDir", kPProgDir, r.PProgDir)
+        .Add("MeasDir", kMeasDir, r.MeasDir)
+        .Add("UserDir", kUserDir, r.UserDir);
     levels.push_back(directories.Done());
 
     LevelBuilder controller("ControllerSettings");
     controller
-        .Add("ControllerType", "Controller", "Type", r.ControllerType, kWzelkoIni,
+        .Add("ControllerType", kControllerType, r.ControllerType,
              "read once, at construction; never written")
-        .Add("BaseAddress", "Controller", "Base Address", U(r.BaseAddress), kWzelkoIni,
-             Hex(r.BaseAddress))
-        .Add("HardProbeCompensation", "Controller", "Hard Probe Compensation",
-             r.HardProbeCompensation)
-        .Add("RightButtonFunction", "Controller", "Button1", I(r.RightButtonFunction))
-        .Add("MiddleButtonFunction", "Controller", "Button2", I(r.MiddleButtonFunction))
-        .Add("LeftButtonFunction", "Controller", "Button3", I(r.LeftButtonFunction))
-        .Add("MaxPSpeed", "MACHINEPARAM", "Max pspeed", r.MaxPSpeed, kWzelkoIni, "mm/s")
-        .Add("MaxMSpeed", "MACHINEPARAM", "Max mspeed", r.MaxMSpeed, kWzelkoIni, "mm/s")
-        .Add("MaxAccel", "MACHINEPARAM", "Max accel", r.MaxAccel, kWzelkoIni, "mm/s2")
-        .Add("UseIniMaxSpeeds", "MACHINEPARAM", "USE INI MAX SPEEDS AND ACCEL", r.UseIniMaxSpeeds,
-             kWzelkoIni,
+        .Add("BaseAddress", kBaseAddress, U(r.BaseAddress), Hex(r.BaseAddress))
+        .Add("HardProbeCompensation", kHardProbeCompensation, r.HardProbeCompensation)
+        .Add("RightButtonFunction", kRightButtonFunction, I(r.RightButtonFunction))
+        .Add("MiddleButtonFunction", kMiddleButtonFunction, I(r.MiddleButtonFunction))
+        .Add("LeftButtonFunction", kLeftButtonFunction, I(r.LeftButtonFunction))
+        .Add("MaxPSpeed", kMaxPSpeed, r.MaxPSpeed, "mm/s")
+        .Add("MaxMSpeed", kMaxMSpeed, r.MaxMSpeed, "mm/s")
+        .Add("MaxAccel", kMaxAccel, r.MaxAccel, "mm/s2")
+        .Add("UseIniMaxSpeeds", kUseIniMaxSpeeds, r.UseIniMaxSpeeds,
              r.UseIniMaxSpeeds ? "limits from the setup file" : "limits from the controller")
-        .Add("IsQd32z", "CONTROLLER", "SUBTYPE", r.IsQd32z, kWzelkoIni,
-             r.IsQd32z ? "QD32Z" : "R7NS");
+        .Add("IsQd32z", kIsQd32z, r.IsQd32z, r.IsQd32z ? "QD32Z" : "R7NS");
     levels.push_back(controller.Done());
 
     LevelBuilder axes("AxesConvSettings");
-    axes.Add("QenAxesConvention", "SYSTEMPARAM", "GUI", r.QenAxesConvention, kWzelkoIni,
+    axes.Add("QenAxesConvention", kQenAxesConvention, r.QenAxesConvention,
              r.QenAxesConvention ? "QEN" : "STANDARD");
     levels.push_back(axes.Done());
 

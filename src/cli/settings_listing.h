@@ -7,6 +7,7 @@
 #include <variant>
 #include <vector>
 
+#include "settings/setting_key.h"
 #include "settings/setup_settings.h"
 
 namespace wk::cli {
@@ -19,8 +20,11 @@ struct ColourValue {
 using SettingValue = std::variant<bool, std::int64_t, double, std::string, ColourValue>;
 
 struct SettingEntry {
-    std::string Field;    // stable name: the record's field (with the key for table entries)
-    std::string Section;  // empty for a setting without a key (the spare colour entries)
+    std::string Field;  // stable name: the record's field (with the key for table entries)
+    // The declared key the setting is read from and written to; nullptr for a setting without
+    // a key (the spare colour entries). Section, Key and File are its texts.
+    const SettingKey* Schema = nullptr;
+    std::string Section;  // empty for a setting without a key
     std::string Key;
     std::string File;  // "WZELKO.INI" or "WZELKO32.INI"
     SettingValue Value;

@@ -12,9 +12,11 @@
 #include "cli/commands.h"
 #include "i18n/resgenstring.h"
 #include "platform/message_box.h"
-#include "platform/profile.h"
 #include "platform/resource_library.h"
 #include "platform/text_codec.h"
+#include "settings/directory_schema.h"
+#include "settings/key_profile_helpers.h"
+#include "settings/system_schema.h"
 
 namespace wk::cli {
 namespace {
@@ -22,13 +24,13 @@ namespace {
 constexpr int kMaxLength = 200;  // what every caller of the editor passes
 constexpr std::uint32_t kProfileTextSize = 80;
 
-// A key of section "Wzelko" of WZELKO.INI as the editor's text reader gives it: the
-// missing-key mark "+-" reads as empty.
-std::string ReadWzelkoText(const char* key) {
+// A key of WZELKO.INI as the editor's text reader gives it: the missing-key mark "+-" reads
+// as empty.
+std::string ReadWzelkoText(const SettingKey& key) {
     char buffer[kProfileTextSize] = {};
-    GetPrivateProfileStringA("Wzelko", key, "+-", buffer, kProfileTextSize, "WZELKO.INI");
+    DirectProfileString(key, kMissingKeyMark, buffer, kProfileTextSize);
     std::string text = buffer;
-    return text == "+-" ? std::string() : text;
+    return text == kMissingKeyMark ? std::string() : text;
 }
 
 struct StringsArgs {
@@ -55,11 +57,11 @@ void RunStrings(const StringsArgs& args, bool languageGiven, CliContext& ctx) {
     ReleaseLanguageLibrary();
     Language() = LanguageState{};
 
-    std::string code = languageGiven ? args.language : ReadWzelkoText("LANGUAGE");
-    if (code == "NONE") code = "ENG";
+    const std::string code =
+        languageGiven ? LanguageCodeToLoad(args.language) : ReadStartUpLanguageCode();
 
     if (!LoadLanguageLibrary(code)) {
-        ctx.err << "Be sure working dir is correct ! (" << ReadWzelkoText("SYSTEM_DIR") << ")\n";
+        ctx.err << "Be sure working dir is correct ! (" << ReadWzelkoText(kSystemDir) << ")\n";
         ctx.exitCode = 1;
         return;
     }

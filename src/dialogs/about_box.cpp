@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "platform/file_version.h"
-#include "shell/pictures.h"
+#include "widgets/pictures.h"
 
 namespace wk {
 

@@ -10,6 +10,7 @@
 #include "platform/help_viewer.h"
 #include "platform/oem_conversion.h"
 #include "platform/profile.h"
+#include "settings/system_schema.h"
 
 namespace wk {
 namespace {
@@ -18,6 +19,9 @@ constexpr const char* kSettingsFile = "WZELKO.INI";
 constexpr const char* kSettingsFile32 = "WZELKO32.INI";
 constexpr const char* kFallbackLibrary = "Kes32_eng.dll";
 constexpr const char* kFallbackCode = "ENG";
+// The value of "LANGUAGE" that means no language of its own.
+constexpr const char* kNoLanguage = "NONE";
+constexpr const char* kMissingKey = "+-";
 constexpr int kStringBufferSize = 256;
 constexpr std::uint32_t kNoConversionSize = 150;
 constexpr std::uint32_t kLanguageKeysSize = 200;
@@ -54,6 +58,18 @@ bool MakeHelpFile(LanguageState& state, const std::string& path) {
 LanguageState& Language() {
     static LanguageState state;
     return state;
+}
+
+std::string LanguageCodeToLoad(const std::string& code) {
+    return code == kNoLanguage ? std::string(kFallbackCode) : code;
+}
+
+std::string ReadStartUpLanguageCode() {
+    // Read as the typed text reader reads: its mark for a missing key reads as empty.
+    char code[kLanguageValueSize] = {};
+    GetPrivateProfileStringA(kLanguageCode.Section, kLanguageCode.Key, kMissingKey, code,
+                             kLanguageValueSize, kSettingsFile);
+    return LanguageCodeToLoad(std::string(code) == kMissingKey ? std::string() : code);
 }
 
 bool LoadLanguageLibrary(const std::string& code) {
@@ -147,8 +163,9 @@ std::vector<LanguageListEntry> ReadLanguageList(const std::string& currentCode, 
             return EqualsIgnoringAsciiCase(n, key);
         });
         std::string code = value;
-        bool matches = match == LanguageCodeMatch::Exact ? code == currentCode
-                                                         : EqualsIgnoringAsciiCase(code, currentCode);
+        bool matches = match == LanguageCodeMatch::Exact
+                           ? code == currentCode
+                           : EqualsIgnoringAsciiCase(code, currentCode);
         if (matches) selectedIndex = static_cast<int>(entries.size());
         bool differs = !present32 || code != std::string(value32);
         entries.push_back({differs ? "(*) " + key : key, code});

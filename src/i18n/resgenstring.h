@@ -29,6 +29,15 @@ struct LanguageState {
 // The one instance of the process.
 LanguageState& Language();
 
+// The language code whose library and help file start-up loads: "NONE" stands for "ENG". Only
+// "NONE" in capitals does; "none" is a code of its own (which finds no library, so the English
+// fallback is loaded, but looks for its own help file).
+std::string LanguageCodeToLoad(const std::string& code);
+
+// The language that WZELKO.INI names for start-up: key "LANGUAGE" of section "Wzelko" (at most
+// 79 characters, a missing key giving an empty code), with the rule of LanguageCodeToLoad.
+std::string ReadStartUpLanguageCode();
+
 // Loads "Kes32_<code>.dll" (code as given), else "Kes32_eng.dll" when nothing is loaded
 // yet, replacing a loaded library; then switches the OEM conversion off when the
 // upper-cased code ("ENG" after the fallback) occurs in "NO ANSI-OEM CONVERSION" of section

@@ -4,8 +4,7 @@
 #include <QVBoxLayout>
 
 #include "settings/setup_settings.h"
-#include "shell/kestel_main_wind.h"
-#include "shell/pictures.h"
+#include "widgets/pictures.h"
 
 namespace wk {
 
@@ -41,7 +40,7 @@ QToolButton* MakeButton(QWidget* parent, const char* name, const char* caption) 
 
 }  // namespace
 
-TAxesConvPage::TAxesConvPage(TKestelMainWind& mainWind) : KestelPage(mainWind) {
+TAxesConvPage::TAxesConvPage(PageHost& host) : KestelPage(host) {
     QenAxesOn = MakePicture(this, "QenAxesOn");
     QenAxesOff = MakePicture(this, "QenAxesOff");
     VKAxesOn = MakePicture(this, "VKAxesOn");
@@ -70,9 +69,7 @@ void TAxesConvPage::CopyGlyph(QToolButton* button, const QLabel* picture) {
 }
 
 void TAxesConvPage::ShowState() {
-    const SetupSettings* settings = mainWind_.Settings();
-    if (!settings) return;
-    if (settings->QenAxesConvention) {
+    if (host_.Settings().QenAxesConvention) {
         CopyGlyph(pGB_QenAxes, QenAxesOn);
         CopyGlyph(pGB_KVAxes, VKAxesOff);
     } else {
@@ -82,9 +79,9 @@ void TAxesConvPage::ShowState() {
 }
 
 void TAxesConvPage::Initialise() {
-    mainWind_.SetSheetCaption(this, mainWind_.LanguageText(kIdSheet));
-    pGB_QenAxes->setToolTip(mainWind_.LanguageText(kIdQenHint));
-    pGB_KVAxes->setToolTip(mainWind_.LanguageText(kIdStandardHint));
+    host_.SetSheetCaption(this, host_.LanguageText(kIdSheet));
+    pGB_QenAxes->setToolTip(host_.LanguageText(kIdQenHint));
+    pGB_KVAxes->setToolTip(host_.LanguageText(kIdStandardHint));
     ShowState();
 }
 
@@ -93,22 +90,22 @@ void TAxesConvPage::Load(bool /*refreshAll*/) {
 }
 
 void TAxesConvPage::pGB_QenAxesClick() {
-    SetupSettings* settings = mainWind_.Settings();
+    SetupSettings& settings = host_.Settings();
     // The convention already chosen: nothing changes, and the record is not marked modified.
-    if (!settings || settings->QenAxesConvention) return;
+    if (settings.QenAxesConvention) return;
     CopyGlyph(pGB_QenAxes, QenAxesOn);
     CopyGlyph(pGB_KVAxes, VKAxesOff);
-    settings->QenAxesConvention = true;
-    settings->Modified = true;
+    settings.QenAxesConvention = true;
+    host_.MarkModified();
 }
 
 void TAxesConvPage::pGB_KVAxesClick() {
-    SetupSettings* settings = mainWind_.Settings();
-    if (!settings || !settings->QenAxesConvention) return;
+    SetupSettings& settings = host_.Settings();
+    if (!settings.QenAxesConvention) return;
     CopyGlyph(pGB_QenAxes, QenAxesOff);
     CopyGlyph(pGB_KVAxes, VKAxesOn);
-    settings->QenAxesConvention = false;
-    settings->Modified = true;
+    settings.QenAxesConvention = false;
+    host_.MarkModified();
 }
 
 }  // namespace wk

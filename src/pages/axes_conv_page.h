@@ -6,7 +6,7 @@
 #include <QLabel>
 #include <QToolButton>
 
-#include "shell/kestel_page.h"
+#include "shell/page_host.h"
 
 namespace wk {
 
@@ -14,12 +14,10 @@ class TAxesConvPage : public KestelPage {
     Q_OBJECT
 
 public:
-    explicit TAxesConvPage(TKestelMainWind& mainWind);
+    explicit TAxesConvPage(PageHost& host);
 
+    // No Store: a click has already written the record, and nothing is ever pending here.
     void Initialise() override;
-    // Never called: the page table gives this page no store, since a click has already
-    // written the record and nothing is ever pending here.
-    void Store() override {}
     void Load(bool refreshAll) override;
 
 public slots:

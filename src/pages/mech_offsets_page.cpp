@@ -5,7 +5,6 @@
 #include "platform/text_codec.h"
 #include "platform/text_to_number.h"
 #include "settings/setup_settings.h"
-#include "shell/kestel_main_wind.h"
 #include "widgets/edit_field.h"
 
 namespace wk {
@@ -36,7 +35,7 @@ EditField* MakeEdit(QWidget* parent, const char* name) {
 
 }  // namespace
 
-TMecOffPage::TMecOffPage(TKestelMainWind& mainWind) : KestelPage(mainWind) {
+TMecOffPage::TMecOffPage(PageHost& host) : KestelPage(host) {
     pST_OffsetX = MakeLabel(this, "pST_OffsetX", "Offset X :");
     pST_OffsetY = MakeLabel(this, "pST_OffsetY", "Offset Y :");
     pST_OffsetZ = MakeLabel(this, "pST_OffsetZ", "Offset Z :");
@@ -86,35 +85,19 @@ TMecOffPage::TMecOffPage(TKestelMainWind& mainWind) : KestelPage(mainWind) {
     connect(pSLE_BridgeStroke, &EditField::Exit, this, &TMecOffPage::pSLE_BridgeStrokeExit);
 }
 
-double& TMecOffPage::OffsetX() const {
-    return mainWind_.Settings()->OffsetX;
-}
-double& TMecOffPage::OffsetY() const {
-    return mainWind_.Settings()->OffsetY;
-}
-double& TMecOffPage::OffsetZ() const {
-    return mainWind_.Settings()->OffsetZ;
-}
-double& TMecOffPage::CompensOffset() const {
-    return mainWind_.Settings()->CompensOffset;
-}
-double& TMecOffPage::BridgeAxisStroke() const {
-    return mainWind_.Settings()->BridgeAxisStroke;
-}
-
 void TMecOffPage::ShowValue(EditField* field, double value) {
     // setText also clears the field's modified mark.
     field->setText(QString::fromStdString(FloatToStr(value)));
 }
 
 void TMecOffPage::Initialise() {
-    mainWind_.SetSheetCaption(this, mainWind_.LanguageText(kIdSheet));
-    pST_OffsetX->setText(mainWind_.LanguageText(kIdOffsetX));
-    pST_OffsetY->setText(mainWind_.LanguageText(kIdOffsetY));
-    pST_OffsetZ->setText(mainWind_.LanguageText(kIdOffsetZ));
-    pST_CompOffset->setText(mainWind_.LanguageText(kIdCompOffset));
-    pST_BridgeStroke->setText(mainWind_.LanguageText(kIdBridgeStroke));
-    const QString millimetres = mainWind_.LanguageText(kIdMillimetres);
+    host_.SetSheetCaption(this, host_.LanguageText(kIdSheet));
+    pST_OffsetX->setText(host_.LanguageText(kIdOffsetX));
+    pST_OffsetY->setText(host_.LanguageText(kIdOffsetY));
+    pST_OffsetZ->setText(host_.LanguageText(kIdOffsetZ));
+    pST_CompOffset->setText(host_.LanguageText(kIdCompOffset));
+    pST_BridgeStroke->setText(host_.LanguageText(kIdBridgeStroke));
+    const QString millimetres = host_.LanguageText(kIdMillimetres);
     for (QLabel* unit :
          {pST_CompX_Unity, pST_CompY_Unity, pST_CompZ_Unity, pST_CompOff_Unity, pST_Bridge_Unity}) {
         unit->setText(millimetres);
@@ -123,31 +106,31 @@ void TMecOffPage::Initialise() {
 }
 
 void TMecOffPage::CommitField(EditField* field, double& value) {
-    if (!field->isModified() || !mainWind_.Settings()) {
+    if (!field->isModified()) {
         return;
     }
-    mainWind_.Converting([&] {
+    host_.Converting([&] {
         const double typed = StrToFloat(platform::Utf8ToAnsi(field->text().toStdString()));
         ShowValue(field, typed);
         value = typed;
-        mainWind_.Settings()->Modified = true;
+        host_.MarkModified();
     });
 }
 
 void TMecOffPage::pSLE_OffsetXExit() {
-    CommitField(pSLE_OffsetX, OffsetX());
+    CommitField(pSLE_OffsetX, host_.Settings().OffsetX);
 }
 void TMecOffPage::pSLE_OffsetYExit() {
-    CommitField(pSLE_OffsetY, OffsetY());
+    CommitField(pSLE_OffsetY, host_.Settings().OffsetY);
 }
 void TMecOffPage::pSLE_OffsetZExit() {
-    CommitField(pSLE_OffsetZ, OffsetZ());
+    CommitField(pSLE_OffsetZ, host_.Settings().OffsetZ);
 }
 void TMecOffPage::pSLE_CompOffsetExit() {
-    CommitField(pSLE_CompOffset, CompensOffset());
+    CommitField(pSLE_CompOffset, host_.Settings().CompensOffset);
 }
 void TMecOffPage::pSLE_BridgeStrokeExit() {
-    CommitField(pSLE_BridgeStroke, BridgeAxisStroke());
+    CommitField(pSLE_BridgeStroke, host_.Settings().BridgeAxisStroke);
 }
 
 void TMecOffPage::Store() {
@@ -159,18 +142,16 @@ void TMecOffPage::Store() {
 }
 
 void TMecOffPage::Load(bool refreshAll) {
-    if (!mainWind_.Settings()) {
-        return;
-    }
+    const SetupSettings& settings = host_.Settings();
     const struct {
         EditField* field;
         double value;
     } fields[] = {
-        {pSLE_OffsetX, OffsetX()},
-        {pSLE_OffsetY, OffsetY()},
-        {pSLE_OffsetZ, OffsetZ()},
-        {pSLE_CompOffset, CompensOffset()},
-        {pSLE_BridgeStroke, BridgeAxisStroke()},
+        {pSLE_OffsetX, settings.OffsetX},
+        {pSLE_OffsetY, settings.OffsetY},
+        {pSLE_OffsetZ, settings.OffsetZ},
+        {pSLE_CompOffset, settings.CompensOffset},
+        {pSLE_BridgeStroke, settings.BridgeAxisStroke},
     };
     for (const auto& f : fields) {
         if (refreshAll || f.field->isModified()) {

@@ -4,7 +4,7 @@
 
 #include <QLabel>
 
-#include "shell/kestel_page.h"
+#include "shell/page_host.h"
 
 namespace wk {
 
@@ -14,7 +14,7 @@ class TMecOffPage : public KestelPage {
     Q_OBJECT
 
 public:
-    explicit TMecOffPage(TKestelMainWind& mainWind);
+    explicit TMecOffPage(PageHost& host);
 
     void Initialise() override;
     void Store() override;
@@ -28,13 +28,6 @@ public slots:
     void pSLE_BridgeStrokeExit();
 
 private:
-    // The record's field behind each edit field.
-    double& OffsetX() const;
-    double& OffsetY() const;
-    double& OffsetZ() const;
-    double& CompensOffset() const;
-    double& BridgeAxisStroke() const;
-
     // What every exit handler does: a modified text is converted, shown again in its shortest
     // form and stored. No range, no inch conversion.
     void CommitField(EditField* field, double& value);

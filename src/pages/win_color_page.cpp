@@ -12,7 +12,7 @@
 #include "platform/text_codec.h"
 #include "platform/text_to_number.h"
 #include "settings/setup_settings.h"
-#include "shell/kestel_main_wind.h"
+#include "widgets/dialog_answers.h"
 #include "widgets/edit_field.h"
 
 namespace wk {
@@ -26,11 +26,6 @@ constexpr std::array<int, ColourSettings::kColourKeyCount> kIdWindowCaptions{
     365, 366, 367, 393, 368, 369, 370, 371, 372, 373, 374, 375, 376,
     377, 378, 379, 380, 381, 382, 383, 384, 392, 394, 395, 396, 397,
 };
-
-// The labels of the sounds page that follow the colour list's enabling when no window is
-// listed, as they always have.
-constexpr const char* kSoundsSheet = "SoundsTabSheet";
-constexpr const char* kSoundsListLabels[] = {"pST_EventsList", "pST_FilesList"};
 
 // The colour of the active component's label.
 const QColor kHighlightText(0, 0, 170);
@@ -74,7 +69,7 @@ QString ThreeDigits(int value) {
 
 }  // namespace
 
-TWinColorPage::TWinColorPage(TKestelMainWind& mainWind) : KestelPage(mainWind) {
+TWinColorPage::TWinColorPage(PageHost& host) : KestelPage(host) {
     pST_WinList = MakeLabel(this, "pST_WinList", "Windows background list");
     pLB_WinList = new QListWidget(this);
     pLB_WinList->setObjectName(QStringLiteral("pLB_WinList"));
@@ -263,7 +258,7 @@ void TWinColorPage::HighlightActiveComponent() {
 }
 
 void TWinColorPage::Initialise() {
-    mainWind_.SetSheetCaption(this, mainWind_.LanguageText(kIdSheet));
+    host_.SetSheetCaption(this, host_.LanguageText(kIdSheet));
     pPB_ColorsPal->setEnabled(true);
     for (const Component& c : components_) {
         const QSignalBlocker blocker(c.bar);
@@ -272,26 +267,24 @@ void TWinColorPage::Initialise() {
         c.bar->setSingleStep(1);
     }
 
-    SetupSettings* settings = mainWind_.Settings();
-    if (!settings) return;
-
+    const SetupSettings& settings = host_.Settings();
     selecting_ = true;
     pLB_WinList->clear();
     rowToEntry_.fill(0);
     int listed = 0;
     for (int entry = 0; entry < ColourSettings::kColourEntryCount; ++entry) {
-        if (!settings->ColourTable[static_cast<std::size_t>(entry)].Listed) continue;
+        if (!settings.ColourTable[static_cast<std::size_t>(entry)].Listed) continue;
         rowToEntry_[static_cast<std::size_t>(listed++)] = entry;
         // The spare entries take a slot of the table but have no caption and no row.
         if (entry < ColourSettings::kColourKeyCount) {
             pLB_WinList->addItem(
-                mainWind_.LanguageText(kIdWindowCaptions[static_cast<std::size_t>(entry)]));
+                host_.LanguageText(kIdWindowCaptions[static_cast<std::size_t>(entry)]));
         }
     }
 
     if (listed == 0) {
-        // Nothing to colour: the page is switched off, and with it the two list labels of the
-        // sounds page.
+        // Nothing to colour: the page is switched off. (The sounds page dims its list labels
+        // then too, asking the record the same question.)
         pLB_WinList->setEnabled(false);
         pST_WinList->setEnabled(false);
         for (const Component& c : components_) {
@@ -301,30 +294,22 @@ void TWinColorPage::Initialise() {
         }
         pPB_ColorsPal->setEnabled(false);
         pPB_SetCol->setEnabled(false);
-        if (QWidget* sounds = mainWind_.Page(kSoundsSheet)) {
-            for (const char* name : kSoundsListLabels) {
-                if (auto* label = sounds->findChild<QLabel*>(QString::fromLatin1(name))) {
-                    label->setEnabled(false);
-                }
-            }
-        }
     } else {
         pLB_WinList->setCurrentRow(0);
     }
     selecting_ = false;
 
     selectedRow_ = 0;
-    currentColour_ = settings->ColourTable[static_cast<std::size_t>(EntryOfRow(0))].Colour;
+    currentColour_ = settings.ColourTable[static_cast<std::size_t>(EntryOfRow(0))].Colour;
     ShowColour();
     HighlightActiveComponent();
 }
 
 void TWinColorPage::pLB_WinListClick() {
-    SetupSettings* settings = mainWind_.Settings();
     const int row = pLB_WinList->currentRow();
-    if (!settings || row < 0) return;
+    if (row < 0) return;
     selectedRow_ = row;
-    currentColour_ = settings->ColourTable[static_cast<std::size_t>(EntryOfRow(row))].Colour;
+    currentColour_ = host_.Settings().ColourTable[static_cast<std::size_t>(EntryOfRow(row))].Colour;
     ShowColour();
     pPB_SetCol->setEnabled(false);
 }
@@ -354,7 +339,7 @@ void TWinColorPage::ComponentEnter(int id) {
 void TWinColorPage::ComponentExit(int id) {
     EditField* edit = ComponentOf(id).edit;
     if (!edit->isModified()) return;
-    mainWind_.Converting([&] {
+    host_.Converting([&] {
         // No range message: the low 8 bits are taken, so 300 gives 44 and -1 gives 255.
         const std::int32_t typed = StrToInt(platform::Utf8ToAnsi(edit->text().toStdString()));
         currentColour_ = WithComponent(currentColour_, id, typed & 0xFF);
@@ -401,29 +386,42 @@ void TWinColorPage::pSLE_BlueColorExit() {
     ComponentExit(kBlueComponent);
 }
 
+QColorDialog& TWinColorPage::ColourDialog() {
+    if (!WinColorDialog) {
+        // Meant to open without its custom-colour part, with solid colours only and a help
+        // button. Qt's dialog always shows its custom colours and has no help button; solid
+        // colours are its default (no alpha channel). Qt's own dialog rather than the
+        // desktop's, so that it looks and answers the same everywhere.
+        WinColorDialog = new QColorDialog(this);
+        WinColorDialog->setObjectName(QStringLiteral("WinColorDialog"));
+        WinColorDialog->setOption(QColorDialog::ShowAlphaChannel, false);
+        WinColorDialog->setOption(QColorDialog::DontUseNativeDialog);
+        WinColorDialog->setModal(true);
+    }
+    return *WinColorDialog;
+}
+
 void TWinColorPage::pPB_ColorsPalClick() {
-    QColorDialog* dialog = mainWind_.WinColorDialog();
-    dialog->setCurrentColor(QColor(ColourSettings::RedOf(currentColour_),
-                                   ColourSettings::GreenOf(currentColour_),
-                                   ColourSettings::BlueOf(currentColour_)));
-    if (dialog->exec() != QDialog::Accepted) return;
-    const QColor chosen = dialog->selectedColor();
-    if (!chosen.isValid()) return;
-    currentColour_ = ColourSettings::MakeColour(chosen.red(), chosen.green(), chosen.blue());
+    QColorDialog& dialog = ColourDialog();
+    dialog.setCurrentColor(QColor(ColourSettings::RedOf(currentColour_),
+                                  ColourSettings::GreenOf(currentColour_),
+                                  ColourSettings::BlueOf(currentColour_)));
+    const std::optional<QColor> chosen = RunColourDialog(dialog);
+    if (!chosen) return;
+    currentColour_ = ColourSettings::MakeColour(chosen->red(), chosen->green(), chosen->blue());
     ShowColour();
     // Set stays as it was: a colour from the dialog is applied only after a component edit
     // has been changed and left.
 }
 
 void TWinColorPage::pPB_SetColClick() {
-    SetupSettings* settings = mainWind_.Settings();
-    if (!settings) return;
-    // The entry whose index is the row number, not the one the row-to-entry table gives; the
-    // two coincide for the windows with a key, and this has always been so.
-    settings->SetColour(selectedRow_, ColourSettings::RedOf(currentColour_),
-                        ColourSettings::GreenOf(currentColour_),
-                        ColourSettings::BlueOf(currentColour_));
-    settings->Modified = true;
+    // The entry whose index is the row number, not the one the row-to-entry table gives. The two
+    // coincide for the windows with a key; they differ only when a colour for "DATA INPUT
+    // WINDOW" lists the spare entries too, and files written so are kept as they are.
+    host_.Settings().SetColour(selectedRow_, ColourSettings::RedOf(currentColour_),
+                               ColourSettings::GreenOf(currentColour_),
+                               ColourSettings::BlueOf(currentColour_));
+    host_.MarkModified();
     pPB_SetCol->setEnabled(false);
 }
 
@@ -438,11 +436,9 @@ void TWinColorPage::Store() {
 }
 
 void TWinColorPage::Load(bool refreshAll) {
-    SetupSettings* settings = mainWind_.Settings();
-    if (!settings) return;
     if (refreshAll) {
         currentColour_ =
-            settings->ColourTable[static_cast<std::size_t>(EntryOfRow(selectedRow_))].Colour;
+            host_.Settings().ColourTable[static_cast<std::size_t>(EntryOfRow(selectedRow_))].Colour;
         ShowColour();
         return;
     }

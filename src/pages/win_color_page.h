@@ -14,8 +14,9 @@
 #include <cstdint>
 
 #include "settings/colour_settings.h"
-#include "shell/kestel_page.h"
+#include "shell/page_host.h"
 
+class QColorDialog;
 class QLineEdit;
 
 namespace wk {
@@ -31,7 +32,7 @@ public:
     static constexpr int kGreenComponent = 201;
     static constexpr int kBlueComponent = 202;
 
-    explicit TWinColorPage(TKestelMainWind& mainWind);
+    explicit TWinColorPage(PageHost& host);
     ~TWinColorPage() override;
 
     void Initialise() override;
@@ -76,6 +77,8 @@ private:
     void HighlightActiveComponent();
     // The entry the row-to-entry table gives for a row.
     int EntryOfRow(int row) const;
+    // The colour dialog, made on first use.
+    QColorDialog& ColourDialog();
 
     void ComponentChange(int id);
     void ComponentScroll(int id, int position);
@@ -97,6 +100,7 @@ private:
     QLineEdit* pSLE_ShowColor;
     QPushButton* pPB_ColorsPal;
     QPushButton* pPB_SetCol;
+    QColorDialog* WinColorDialog = nullptr;
 
     std::array<Component, 3> components_{};
 

@@ -9,8 +9,10 @@
 #include <system_error>
 #include <thread>
 
+#include "platform/host_path.h"
+
 #ifdef _WIN32
-#include "platform/win32_path.h"
+#include "platform/windows_error.h"
 #else
 #include <fcntl.h>
 #include <sys/file.h>
@@ -60,7 +62,7 @@ const LockHandle kNoHandle = INVALID_HANDLE_VALUE;
 // A directory cannot be locked with LockFileEx: a hidden lock file in it is.
 LockHandle OpenLockFile(const std::string& directory, int& errorNumber) {
     const std::string lockPath = directory + "\\" + kLockFileName;
-    HANDLE file = ::CreateFileW(WidePath(lockPath).c_str(), GENERIC_READ | GENERIC_WRITE,
+    HANDLE file = ::CreateFileW(PathFromAnsi(lockPath).c_str(), GENERIC_READ | GENERIC_WRITE,
                                 FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
                                 OPEN_ALWAYS, FILE_ATTRIBUTE_HIDDEN, nullptr);
     if (file == INVALID_HANDLE_VALUE) errorNumber = EACCES;
@@ -103,8 +105,9 @@ std::map<std::string, HeldLock>& Table() {
 // One key per directory, however it is spelt ("/a/b", "/a/b/", "/a/./b", a link to it).
 std::string KeyOf(const std::string& directory) {
     std::error_code ec;
-    const fs::path canonical = fs::weakly_canonical(directory.empty() ? "." : directory, ec);
-    return ec ? fs::path(directory).lexically_normal().string() : canonical.string();
+    const fs::path path = PathFromAnsi(directory.empty() ? std::string(".") : directory);
+    const fs::path canonical = fs::weakly_canonical(path, ec);
+    return PathToAnsi(ec ? path.lexically_normal() : canonical);
 }
 
 bool NoLockFilePossible(int errorNumber) {
@@ -146,7 +149,7 @@ bool DirectoryLock::Acquire(const std::string& directory, FileError& error) {
         return true;
     }
 #ifdef _WIN32
-    const std::string lockPath = (fs::path(key) / kLockFileName).string();
+    const std::string lockPath = PathToAnsi(PathFromAnsi(key) / kLockFileName);
 #else
     const std::string lockPath = key;
 #endif

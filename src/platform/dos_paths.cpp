@@ -1,6 +1,7 @@
 #include "platform/dos_paths.h"
 
 #include <cctype>
+#include <cerrno>
 #include <cstdio>
 #include <filesystem>
 #include <string_view>
@@ -10,14 +11,22 @@
 
 #include "platform/ascii_case.h"
 #include "platform/file_lookup.h"
+#include "platform/host_path.h"
 #include "platform/windows_directory.h"
 
-#ifndef _WIN32
+#ifdef _WIN32
+#ifndef WIN32_LEAN_AND_MEAN
+#define WIN32_LEAN_AND_MEAN
+#endif
+#ifndef NOMINMAX
+#define NOMINMAX
+#endif
+#include <io.h>
+#include <windows.h>
+#else
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
-
-#include <cerrno>
 #endif
 
 namespace wk::platform {
@@ -29,6 +38,7 @@ bool HasDrive(const std::string& path) {
     return path.size() >= 2 && std::isalpha(static_cast<unsigned char>(path[0])) && path[1] == ':';
 }
 
+#ifndef _WIN32
 std::vector<std::string> SplitComponents(std::string_view path) {
     std::vector<std::string> parts;
     std::size_t start = 0;
@@ -41,7 +51,6 @@ std::vector<std::string> SplitComponents(std::string_view path) {
     return parts;
 }
 
-#ifndef _WIN32
 // The host directory a drive link of the prefix stands for, made absolute and resolved as
 // far as it exists.
 fs::path ResolveDriveLink(const fs::path& link) {
@@ -186,12 +195,24 @@ std::FILE* OpenFileA(const char* path, const char* mode) {
     for (const char* m = mode; *m != '\0'; ++m) {
         if (*m != 't') hostMode.push_back(*m);  // text mode is the only mode outside Windows
     }
+    const bool reading = hostMode == "r" || hostMode == "rb";
 #ifdef _WIN32
-    hostMode = mode;
-    return std::fopen(ToHostPath(path).c_str(), hostMode.c_str());
+    // The name is ANSI-code-page bytes; the file system's names are UTF-16 (host_path.h).
+    const std::wstring wideMode(mode, mode + std::char_traits<char>::length(mode));
+    std::FILE* file = ::_wfopen(PathFromAnsi(path).c_str(), wideMode.c_str());
+    // A device ("CON", "\\.\COM1") or a pipe is no settings file: a console would wait
+    // for typing, a port for data.
+    if (file != nullptr && reading &&
+        ::GetFileType(reinterpret_cast<HANDLE>(::_get_osfhandle(::_fileno(file)))) !=
+            FILE_TYPE_DISK) {
+        std::fclose(file);
+        errno = ENODEV;
+        return nullptr;
+    }
+    return file;
 #else
     const std::string host = ToHostPath(path);
-    if (hostMode != "r" && hostMode != "rb") return std::fopen(host.c_str(), hostMode.c_str());
+    if (!reading) return std::fopen(host.c_str(), hostMode.c_str());
     // A file that is read must be a regular file: opening a named pipe would wait for a
     // writer for ever, and a device such as /dev/zero never ends. It is opened without
     // blocking and looked at before anything is read.
@@ -213,19 +234,20 @@ std::FILE* OpenFileA(const char* path, const char* mode) {
 
 bool DeleteFileA(const char* path) {
     if (path == nullptr) return false;
-    return std::remove(ToHostPath(path).c_str()) == 0;
+    std::error_code ec;
+    return fs::remove(PathFromAnsi(ToHostPath(path)), ec) && !ec;
 }
 
 bool FileExistsA(const char* path) {
     if (path == nullptr) return false;
     std::error_code ec;
-    return fs::is_regular_file(ToHostPath(path), ec);
+    return fs::is_regular_file(PathFromAnsi(ToHostPath(path)), ec);
 }
 
 bool DirectoryExistsA(const char* path) {
     if (path == nullptr) return false;
     std::error_code ec;
-    return fs::is_directory(ToHostPath(path), ec);
+    return fs::is_directory(PathFromAnsi(ToHostPath(path)), ec);
 }
 
 }  // namespace wk::platform

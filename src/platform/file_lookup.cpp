@@ -1,11 +1,12 @@
 #include "platform/file_lookup.h"
 
-#include "platform/ascii_case.h"
-
 #include <algorithm>
 #include <filesystem>
 #include <system_error>
 #include <vector>
+
+#include "platform/ascii_case.h"
+#include "platform/host_path.h"
 
 namespace wk::platform {
 namespace {
@@ -16,26 +17,26 @@ namespace fs = std::filesystem;
 
 std::optional<fs::path> FindEntryIgnoringCase(const fs::path& dir, const std::string& name) {
     std::error_code ec;
-    fs::path exact = dir / name;
+    fs::path exact = dir / PathFromAnsi(name);
     if (fs::exists(fs::symlink_status(exact, ec))) return exact;
     std::vector<std::string> matches;
     fs::directory_iterator it(dir.empty() ? fs::path(".") : dir, ec);
     if (ec) return std::nullopt;
     for (; it != fs::directory_iterator(); it.increment(ec)) {
         if (ec) break;
-        std::string entry = it->path().filename().string();
+        std::string entry = PathToAnsi(it->path().filename());
         if (EqualsIgnoringAsciiCase(entry, name)) matches.push_back(entry);
     }
     if (matches.empty()) return std::nullopt;
     std::sort(matches.begin(), matches.end());
-    return dir / matches.front();
+    return dir / PathFromAnsi(matches.front());
 }
 
 std::optional<std::string> FindFileIgnoringCase(const std::string& path) {
     if (path.empty()) return std::nullopt;
 #ifdef _WIN32
     std::error_code ec;
-    if (fs::is_regular_file(fs::path(path), ec)) return path;
+    if (fs::is_regular_file(PathFromAnsi(path), ec)) return path;
     return std::nullopt;
 #else
     std::string unixPath = path;
@@ -73,7 +74,7 @@ std::string CurrentDirectory() {
     std::error_code ec;
     fs::path cwd = fs::current_path(ec);
     if (ec) return {};
-    return cwd.string();
+    return PathToAnsi(cwd);
 }
 
 }  // namespace wk::platform

@@ -10,10 +10,11 @@
 #include <set>
 #include <system_error>
 
+#include "platform/host_path.h"
 #include "platform/profile_file.h"
 
 #ifdef _WIN32
-#include "platform/win32_path.h"
+#include "platform/windows_error.h"
 #else
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -31,13 +32,19 @@ constexpr std::size_t kTemporarySuffixLength = 6;
 constexpr char kJournalHeader[] = "wkestel journal 1\n";
 constexpr char kJournalTrailer[] = "end\n";
 
+// Names are held as ANSI-code-page bytes and reach the file system through host_path.h, so
+// that a name with an umlaut is one name on every side.
 std::string DirectoryOf(const std::string& path) {
-    const fs::path p(path);
-    return p.has_parent_path() ? p.parent_path().string() : std::string(".");
+    const fs::path p = PathFromAnsi(path);
+    return p.has_parent_path() ? PathToAnsi(p.parent_path()) : std::string(".");
 }
 
 std::string NameOf(const std::string& path) {
-    return fs::path(path).filename().string();
+    return PathToAnsi(PathFromAnsi(path).filename());
+}
+
+std::string Join(const std::string& directory, const std::string& name) {
+    return PathToAnsi(PathFromAnsi(directory) / PathFromAnsi(name));
 }
 
 std::string TemporaryPrefix(const std::string& target) {
@@ -58,11 +65,11 @@ bool IsTemporaryNameOf(const std::string& entryName, const std::string& target) 
 // The file a write replaces: a symbolic link is followed to its target, so that the link
 // stays a link. A loop of links is an error.
 bool FollowLinks(const std::string& path, std::string& target, FileError& error) {
-    fs::path current = path;
+    fs::path current = PathFromAnsi(path);
     std::error_code ec;
     for (int hops = 0; hops < 40; ++hops) {
         if (!fs::is_symlink(fs::symlink_status(current, ec))) {
-            target = current.string();
+            target = PathToAnsi(current);
             return true;
         }
         fs::path next = fs::read_symlink(current, ec);
@@ -81,9 +88,9 @@ bool FollowLinks(const std::string& path, std::string& target, FileError& error)
 // another writer is filling right now is never touched.
 void RemoveLeftoverTemporaries(const std::string& target, fs::file_time_type before) {
     std::error_code ec;
-    const std::string directory = DirectoryOf(target);
+    const fs::path directory = PathFromAnsi(DirectoryOf(target));
     for (fs::directory_iterator it(directory, ec), end; !ec && it != end; it.increment(ec)) {
-        const std::string name = it->path().filename().string();
+        const std::string name = PathToAnsi(it->path().filename());
         if (!IsTemporaryNameOf(name, target)) continue;
         std::error_code entryEc;
         if (!it->is_regular_file(entryEc) || it->is_symlink(entryEc)) continue;
@@ -157,7 +164,7 @@ bool WriteAllBytes(int fd, const std::string& bytes) {
 bool WriteTemporary(const std::string& path, const std::string& target, const std::string& bytes,
                     std::string& temp, FileError& error) {
     const Ownership owner = OwnershipOf(target);
-    temp = (fs::path(DirectoryOf(target)) / (TemporaryPrefix(target) + "XXXXXX")).string();
+    temp = Join(DirectoryOf(target), TemporaryPrefix(target) + "XXXXXX");
     const int fd = ::mkostemp(temp.data(), O_CLOEXEC);
     if (fd < 0) {
         error = ErrnoError(path, errno);
@@ -215,7 +222,7 @@ bool EntryExists(const std::string& path) {
 #else  // _WIN32
 
 FileError ReadOnlyRefusal(const std::string& path, const std::string& target) {
-    const DWORD attributes = ::GetFileAttributesW(WidePath(target).c_str());
+    const DWORD attributes = ::GetFileAttributesW(PathFromAnsi(target).c_str());
     if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) != 0)
         return FileError{path, "the file is read-only; nothing was written"};
     return {};
@@ -231,8 +238,8 @@ bool WriteTemporary(const std::string& path, const std::string& target, const st
         std::string suffix;
         for (std::size_t i = 0; i < kTemporarySuffixLength; ++i)
             suffix += kLetters[random() % (sizeof kLetters - 1)];
-        temp = (fs::path(DirectoryOf(target)) / (TemporaryPrefix(target) + suffix)).string();
-        file = ::CreateFileW(WidePath(temp).c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW,
+        temp = Join(DirectoryOf(target), TemporaryPrefix(target) + suffix);
+        file = ::CreateFileW(PathFromAnsi(temp).c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW,
                              FILE_ATTRIBUTE_HIDDEN, nullptr);
         if (file == INVALID_HANDLE_VALUE && ::GetLastError() != ERROR_FILE_EXISTS) break;
     }
@@ -253,18 +260,18 @@ bool WriteTemporary(const std::string& path, const std::string& target, const st
     const DWORD code = ok ? 0 : ::GetLastError();
     ::CloseHandle(file);
     if (!ok) {
-        ::DeleteFileW(WidePath(temp).c_str());
+        ::DeleteFileW(PathFromAnsi(temp).c_str());
         temp.clear();
         error = FileError{path, WindowsErrorText(code)};
         return false;
     }
     // The temporary file was hidden while it was written; the settings file is not.
-    ::SetFileAttributesW(WidePath(temp).c_str(), FILE_ATTRIBUTE_NORMAL);
+    ::SetFileAttributesW(PathFromAnsi(temp).c_str(), FILE_ATTRIBUTE_NORMAL);
     return true;
 }
 
 bool RenameOver(const std::string& from, const std::string& to, int& errorNumber) {
-    if (::MoveFileExW(WidePath(from).c_str(), WidePath(to).c_str(),
+    if (::MoveFileExW(PathFromAnsi(from).c_str(), PathFromAnsi(to).c_str(),
                       MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH))
         return true;
     errorNumber = ::GetLastError() == ERROR_ACCESS_DENIED ? EACCES : EIO;
@@ -275,11 +282,11 @@ bool RenameOver(const std::string& from, const std::string& to, int& errorNumber
 void SyncDirectory(const std::string&) {}
 
 void RemoveFile(const std::string& path) {
-    ::DeleteFileW(WidePath(path).c_str());
+    ::DeleteFileW(PathFromAnsi(path).c_str());
 }
 
 bool EntryExists(const std::string& path) {
-    return ::GetFileAttributesW(WidePath(path).c_str()) != INVALID_FILE_ATTRIBUTES;
+    return ::GetFileAttributesW(PathFromAnsi(path).c_str()) != INVALID_FILE_ATTRIBUTES;
 }
 
 #endif
@@ -292,7 +299,7 @@ struct JournalEntry {
 };
 
 std::string JournalPath(const std::string& directory) {
-    return (fs::path(directory) / kJournalFileName).string();
+    return Join(directory, kJournalFileName);
 }
 
 // Names may hold any byte but NUL, so each is ended by a NUL.

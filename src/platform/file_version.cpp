@@ -2,7 +2,18 @@
 
 #include <cstring>
 #include <filesystem>
+#include <string>
 #include <system_error>
+
+#include "platform/host_path.h"
+
+#ifdef _WIN32
+#define WIN32_LEAN_AND_MEAN
+#ifndef NOMINMAX
+#define NOMINMAX
+#endif
+#include <windows.h>
+#endif
 
 namespace wk {
 
@@ -64,13 +75,17 @@ bool IsThisProgram(const char* fileName) {
     std::error_code error;
 #if defined(__linux__)
     const std::filesystem::path self("/proc/self/exe");
+#elif defined(_WIN32)
+    std::wstring name(32768, L'\0');
+    name.resize(::GetModuleFileNameW(nullptr, name.data(), static_cast<DWORD>(name.size())));
+    const std::filesystem::path self(name);
 #else
     const std::filesystem::path self = std::filesystem::path();
 #endif
     if (self.empty()) {
         return false;
     }
-    const bool same = std::filesystem::equivalent(fileName, self, error);
+    const bool same = std::filesystem::equivalent(platform::PathFromAnsi(fileName), self, error);
     return !error && same;
 }
 

@@ -25,8 +25,8 @@ public:
     };
 
     explicit ProfileBatch(Mode mode = Mode::EachFile);
-    // Commits if neither Commit() nor Abandon() was called. A failure here can only be
-    // learnt from LastProfileError(); call Commit() to be told.
+    // Commits if neither Commit() nor Abandon() was called. A destructor has no way to
+    // report, so a failure here is only in LastProfileError(); call Commit() to be told.
     ~ProfileBatch();
 
     // Takes the write lock of `directory` (a host path) now, before anything there is read,

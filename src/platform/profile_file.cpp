@@ -5,7 +5,8 @@
 #include <cstring>
 
 #ifdef _WIN32
-#include "platform/win32_path.h"
+#include "platform/host_path.h"
+#include "platform/windows_error.h"
 #else
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -156,7 +157,7 @@ FileStamp StampOf(const WIN32_FILE_ATTRIBUTE_DATA& data) {
 
 FileStamp StatFile(const std::string& path) {
     WIN32_FILE_ATTRIBUTE_DATA data{};
-    if (::GetFileAttributesExW(WidePath(path).c_str(), GetFileExInfoStandard, &data))
+    if (::GetFileAttributesExW(PathFromAnsi(path).c_str(), GetFileExInfoStandard, &data))
         return StampOf(data);
     FileStamp stamp;
     const DWORD code = ::GetLastError();
@@ -174,7 +175,7 @@ bool ReadWholeFile(const std::string& path, std::size_t maxBytes, std::string& b
         error = FileError{path, DescribeUnusableFile(stamp)};
         return false;
     }
-    HANDLE file = ::CreateFileW(WidePath(path).c_str(), GENERIC_READ,
+    HANDLE file = ::CreateFileW(PathFromAnsi(path).c_str(), GENERIC_READ,
                                 FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
                                 OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
     if (file == INVALID_HANDLE_VALUE) {

@@ -11,6 +11,7 @@
 #include "platform/ascii_case.h"
 #include "platform/dos_paths.h"
 #include "platform/file_lookup.h"
+#include "platform/host_path.h"
 #include "platform/windows_directory.h"
 
 namespace wk::platform {
@@ -236,7 +237,7 @@ bool ProfileStore::Write(const char* fileName, const std::function<bool(ProfileD
     bool created = false;
     if (!file.document) {
         std::error_code ec;
-        const fs::path parent = fs::path(path).parent_path();
+        const fs::path parent = PathFromAnsi(path).parent_path();
         if (!parent.empty() && !fs::is_directory(parent, ec)) {
             error = ErrnoError(path, ENOENT);  // a missing directory is not created
             return false;

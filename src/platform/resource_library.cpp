@@ -9,6 +9,7 @@
 
 #include "platform/ansi_code_page.h"
 #include "platform/file_lookup.h"
+#include "platform/host_path.h"
 
 namespace wk {
 
@@ -260,9 +261,10 @@ ModuleHandle LoadLibraryA(const char* fileName) {
     std::optional<std::string> path = platform::FindFileIgnoringCase(fileName);
     if (!path) return nullptr;
     std::error_code ec;
-    std::uintmax_t size = std::filesystem::file_size(*path, ec);
+    const std::filesystem::path hostPath = platform::PathFromAnsi(*path);
+    std::uintmax_t size = std::filesystem::file_size(hostPath, ec);
     if (ec || size > platform::kMaxLibrarySize) return nullptr;
-    std::ifstream in(*path, std::ios::binary);
+    std::ifstream in(hostPath, std::ios::binary);
     if (!in) return nullptr;
     std::vector<unsigned char> bytes(static_cast<std::size_t>(size));
     if (size > 0 &&

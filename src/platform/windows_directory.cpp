@@ -5,9 +5,13 @@
 #include <filesystem>
 #include <mutex>
 
+#include "platform/host_path.h"
+
 #ifdef _WIN32
 #define WIN32_LEAN_AND_MEAN
+#ifndef NOMINMAX
 #define NOMINMAX
+#endif
 #include <windows.h>
 #endif
 
@@ -33,7 +37,14 @@ std::string WithoutTrailingSlashes(std::string path) {
 
 std::uint32_t GetWindowsDirectoryA(char* buffer, std::uint32_t size) {
 #ifdef _WIN32
-    return ::GetWindowsDirectoryA(buffer, size);
+    // A stand-in directory (see SetWinePrefixOverride) is given as Windows gives its own.
+    const std::string standIn = platform::WinePrefixOverride();
+    if (standIn.empty()) return ::GetWindowsDirectoryA(buffer, size);
+    const std::string directory = platform::WindowsDirectoryHostPath();
+    const auto length = static_cast<std::uint32_t>(directory.size());
+    if (buffer == nullptr || size <= length) return length + 1;
+    std::memcpy(buffer, directory.c_str(), length + 1);
+    return length;
 #else
     // The measuring application runs under Wine, where the Windows directory is C:\windows.
     static constexpr char kWineWindowsDirectory[] = "C:\\windows";
@@ -70,6 +81,10 @@ std::string WinePrefixOverride() {
 
 std::string WindowsDirectoryHostPath() {
 #ifdef _WIN32
+    // `wkestel check` tries a save in a scratch prefix: its drive_c\windows stands in for the
+    // Windows directory, so that the real settings files are never written.
+    if (std::string standIn = WinePrefixOverride(); !standIn.empty())
+        return standIn + "\\drive_c\\windows";
     char buffer[MAX_PATH + 1];
     const UINT length = ::GetWindowsDirectoryA(buffer, sizeof buffer);
     return length > 0 && length < sizeof buffer ? std::string(buffer, length) : std::string();
@@ -81,7 +96,8 @@ std::string WindowsDirectoryHostPath() {
 std::optional<std::string> WindowsDirectoryProblem() {
     const std::string path = WindowsDirectoryHostPath();
     std::error_code ec;
-    if (!path.empty() && std::filesystem::is_directory(path, ec)) return std::nullopt;
+    if (!path.empty() && std::filesystem::is_directory(platform::PathFromAnsi(path), ec))
+        return std::nullopt;
 #ifdef _WIN32
     return "The Windows directory " + path + " cannot be used.";
 #else

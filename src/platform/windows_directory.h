@@ -21,14 +21,15 @@ namespace platform {
 std::string WinePrefix();
 
 // Makes every later call use this prefix instead of $WINEPREFIX (the CLI's --prefix).
-// An empty path removes the override.
+// An empty path removes the override. On Windows, where there is no prefix, the override's
+// drive_c\windows stands in for the Windows directory (a save tried on copies, tests).
 void SetWinePrefixOverride(const std::string& prefix);
 
 // The override in force, empty when there is none: what a caller that points the platform
 // elsewhere for a while puts back afterwards.
 std::string WinePrefixOverride();
 
-// The host path of the Windows directory. On Windows the real one.
+// The host path of the Windows directory. On Windows the real one, unless overridden.
 std::string WindowsDirectoryHostPath();
 
 // Why the Windows directory cannot be used (it does not exist, or is not a directory), in

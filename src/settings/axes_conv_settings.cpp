@@ -3,7 +3,7 @@
 #include "platform/profile_batch.h"
 #include "platform/profile_files.h"
 #include "platform/windows_directory.h"
-#include "settings/profile_helpers.h"
+#include "settings/key_profile_helpers.h"
 
 namespace wk {
 
@@ -13,13 +13,13 @@ AxesConvSettings::AxesConvSettings(const ControllerFlags& controllerFlags)
 bool AxesConvSettings::Read() {
     const bool result = ControllerSettings::Read();
     // Anything but "STANDARD", a missing key included, is the QEN convention.
-    QenAxesConvention = !ReadProfileBool("GUI", "SYSTEMPARAM", "STANDARD");
+    QenAxesConvention = !ReadProfileBool(kQenAxesConvention, "STANDARD");
     return result;
 }
 
 bool AxesConvSettings::Write() {
     const bool result = ControllerSettings::Write();
-    WriteProfileText("GUI", QenAxesConvention ? "QEN" : "STANDARD", "SYSTEMPARAM");
+    WriteProfileText(kQenAxesConvention, QenAxesConvention ? "QEN" : "STANDARD");
     return result;
 }
 

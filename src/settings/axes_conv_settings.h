@@ -2,6 +2,7 @@
 // Axes convention, the top level of the settings record: its read and write run the whole
 // chain, base level first.
 
+#include "settings/axes_conv_schema.h"
 #include "settings/controller_settings.h"
 #include "settings/save_result.h"
 
@@ -17,7 +18,7 @@ public:
 
     // True: the "QEN" convention of the machine family; false: the standard one. The read
     // always sets it; true is what a missing key gives.
-    bool QenAxesConvention = true;
+    bool QenAxesConvention = kQenAxesConvention.Default;
 
     bool Read();
     bool Write();

@@ -4,7 +4,7 @@
 #include <cstring>
 
 #include "platform/text_to_number.h"
-#include "settings/profile_helpers.h"
+#include "settings/key_profile_helpers.h"
 #include "settings/settings_files.h"
 
 // Numbers in the settings files always use '.' as decimal point. The C formatting and
@@ -13,43 +13,15 @@
 
 namespace wk {
 
-const std::array<const char*, ColourSettings::kColourKeyCount> ColourSettings::kColourKeys = {
-    "MAIN WINDOW",
-    "INIT WINDOW",
-    "EXECUTION WINDOW",
-    "FUNCTION WINDOW",
-    "FILE WINDOW",
-    "ELEMENT WINDOW",
-    "ELEMENT GROUP WINDOW",
-    "ELEMENT MEASURE WINDOW",
-    "ELEMENT CONSTRUCTION WINDOW",
-    "ELEMENT RELATION WINDOW",
-    "ELEMENT RELATION GROUP WINDOW",
-    "GEOMETRICAL TOLERANCE WINDOW",
-    "GEOMETRICAL TOLERANCE GROUP WINDOW",
-    "ALIGNEMENTS WINDOW",  // spelled so in the measuring application's files
-    "TIP UTILITIES WINDOW",
-    "MEASURE WINDOW",
-    "MEASURE WINDOW DATA",
-    "MEASURE WINDOW POINT COUNTER",
-    "MEASURE WINDOW BLOCK NUMBER",
-    "FRAME WINDOW",
-    "FRAME WINDOW CLIENT AREA",
-    "PROCEDURE EXECUTION WINDOW",
-    "FREERELBKG",
-    "FRAME WINDOW TEACH",
-    "SKIN WINDOW",
-    "DATA INPUT WINDOW",
-};
-
 ColourSettings::ColourSettings() {
-    metric_ = true;
+    metric_ = kMetric.Default;
     Modified = false;
     // A file that does not say METRIC is an inch machine: a missing key selects inches.
-    metric_ = ReadProfileBool("MEASURE MODE METRIC/INCH", "MEASURE INTERFACE", "METRIC");
+    metric_ = ReadProfileBool(kMetric, "METRIC");
     for (ColourEntry& entry : ColourTable) entry = ColourEntry{MakeColour(255, 255, 255), false};
     for (int i = 0; i < kColourKeyCount; ++i) {
-        ColourTable[static_cast<std::size_t>(i)] = ColourEntry{MakeColour(255, 255, 255), true};
+        ColourTable[static_cast<std::size_t>(i)] =
+            ColourEntry{kWindowBackgroundKeys[static_cast<std::size_t>(i)].Default, true};
     }
 }
 
@@ -92,8 +64,7 @@ bool ColourSettings::Read() {
         // The spare entries have no key: the scratch text still holds "DATA INPUT WINDOW",
         // so they take its colour and become listed. Kept as the measuring application has it.
         if (i < kColourKeyCount) {
-            ReadProfileText(kColourKeys[static_cast<std::size_t>(i)], ScratchText, 80,
-                            kColourSection);
+            ReadProfileText(kWindowBackgroundKeys[static_cast<std::size_t>(i)], ScratchText, 80);
         }
         if (EqualsIgnoringAsciiCase(ScratchText, "NONE")) continue;  // "NONE": the default colour
         std::sscanf(ScratchText, "%d,%d,%d", &red, &green, &blue);
@@ -111,7 +82,7 @@ bool ColourSettings::Write() {
         const std::uint32_t colour = ColourTable[static_cast<std::size_t>(i)].Colour;
         std::snprintf(ScratchText, sizeof ScratchText, "%d,%d,%d", RedOf(colour), GreenOf(colour),
                       BlueOf(colour));
-        WriteProfileText(kColourKeys[static_cast<std::size_t>(i)], ScratchText, kColourSection);
+        WriteProfileText(kWindowBackgroundKeys[static_cast<std::size_t>(i)], ScratchText);
     }
     return true;
 }

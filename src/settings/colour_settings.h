@@ -2,9 +2,12 @@
 // Base level of the settings record: the window background colours of the measuring
 // application, and the fields every level shares (modified flag, scratch text, metric flag).
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <string>
+
+#include "settings/colour_schema.h"
 
 namespace wk {
 
@@ -17,12 +20,9 @@ struct ColourEntry {
 
 class ColourSettings {
 public:
-    // Entries 0-25 are the windows with a key; 26-29 are spare.
+    // Entries 0-25 are the windows with a key (kWindowBackgroundKeys); 26-29 are spare.
     static constexpr int kColourEntryCount = 30;
-    static constexpr int kColourKeyCount = 26;
-    static constexpr const char* kColourSection = "WINDOWS BACKGROUND";
-    // The key of each window entry, in index order.
-    static const std::array<const char*, kColourKeyCount> kColourKeys;
+    static constexpr int kColourKeyCount = static_cast<int>(kWindowBackgroundKeys.size());
 
     ColourSettings();
     virtual ~ColourSettings() = default;
@@ -38,6 +38,13 @@ public:
 
     // The background colours, by entry index.
     std::array<ColourEntry, kColourEntryCount> ColourTable;
+
+    // Whether any entry is a window of the list. When none is, the window colours page has
+    // nothing to offer and is switched off, and the sounds page dims its list labels with it.
+    bool AnyWindowListed() const {
+        return std::any_of(ColourTable.begin(), ColourTable.end(),
+                           [](const ColourEntry& entry) { return entry.Listed; });
+    }
 
     // Sets an entry's colour from three components (each taken modulo 256); an index
     // outside the table is ignored. The entry's listed mark is not changed.
@@ -72,7 +79,7 @@ public:
     bool Write();
 
 private:
-    bool metric_ = true;
+    bool metric_ = kMetric.Default;
     std::string backupProblem_;
 };
 

@@ -2,9 +2,7 @@
 
 #include <cstdio>
 
-#include "platform/profile.h"
-#include "settings/profile_helpers.h"
-#include "settings/settings_files.h"
+#include "settings/key_profile_helpers.h"
 
 // Numbers in the settings files always use '.' as decimal point. The C formatting and
 // scanning below ("%lf", "%x", "%d") follow LC_NUMERIC, which the programs keep at "C".
@@ -23,7 +21,7 @@ void ScanDouble(const char* text, double& value) {
 ControllerSettings::ControllerSettings(const ControllerFlags& controllerFlags)
     : DirectorySettings(controllerFlags) {
     std::string type;
-    ReadProfileString("Type", type, 80, "Controller");
+    ReadProfileString(kControllerType, type, 80);
     if (!EqualsIgnoringAsciiCase(type.c_str(), "NONE")) ControllerType = ToUpperAscii(type);
 }
 
@@ -31,28 +29,28 @@ bool ControllerSettings::Read() {
     DirectorySettings::Read();
 
     RightButtonFunction =
-        static_cast<std::int32_t>(ReadProfileInt("Button1", RightButtonFunction, "Controller"));
+        static_cast<std::int32_t>(ReadProfileInt(kRightButtonFunction, RightButtonFunction));
     MiddleButtonFunction =
-        static_cast<std::int32_t>(ReadProfileInt("Button2", MiddleButtonFunction, "Controller"));
+        static_cast<std::int32_t>(ReadProfileInt(kMiddleButtonFunction, MiddleButtonFunction));
     LeftButtonFunction =
-        static_cast<std::int32_t>(ReadProfileInt("Button3", LeftButtonFunction, "Controller"));
+        static_cast<std::int32_t>(ReadProfileInt(kLeftButtonFunction, LeftButtonFunction));
     // Read with the profile function directly, but written through the helper: the
     // measuring application's code has it so, and both reach WZELKO.INI.
     char subtype[80];
-    GetPrivateProfileStringA("CONTROLLER", "SUBTYPE", "R7NS", subtype, sizeof subtype, kWzelkoIni);
+    DirectProfileString(kIsQd32z, "R7NS", subtype, sizeof subtype);
     IsQd32z = EqualsIgnoringAsciiCase(subtype, "QD32Z");
-    ReadProfileText("Base Address", ScratchText, 256, "Controller");
+    ReadProfileText(kBaseAddress, ScratchText, 256);
     unsigned address = 0;
     if (std::sscanf(ScratchText, "%x", &address) == 1) BaseAddress = address;
     HardProbeCompensation =
-        ReadProfileInt("Hard Probe Compensation", HardProbeCompensation ? 1 : 0, "Controller") != 0;
-    ReadProfileText("Max pspeed", ScratchText, 80, "MACHINEPARAM");
+        ReadProfileInt(kHardProbeCompensation, HardProbeCompensation ? 1 : 0) != 0;
+    ReadProfileText(kMaxPSpeed, ScratchText, 80);
     ScanDouble(ScratchText, MaxPSpeed);
-    ReadProfileText("Max mspeed", ScratchText, 80, "MACHINEPARAM");
+    ReadProfileText(kMaxMSpeed, ScratchText, 80);
     ScanDouble(ScratchText, MaxMSpeed);
-    ReadProfileText("Max accel", ScratchText, 80, "MACHINEPARAM");
+    ReadProfileText(kMaxAccel, ScratchText, 80);
     ScanDouble(ScratchText, MaxAccel);
-    ReadProfileText("USE INI MAX SPEEDS AND ACCEL", ScratchText, 80, "MACHINEPARAM");
+    ReadProfileText(kUseIniMaxSpeeds, ScratchText, 80);
     int useIni = 0;
     if (std::sscanf(ScratchText, "%d", &useIni) != 1) useIni = 0;
     UseIniMaxSpeeds = useIni != 0;
@@ -62,21 +60,21 @@ bool ControllerSettings::Read() {
 bool ControllerSettings::Write() {
     DirectorySettings::Write();
 
-    WriteProfileUInt("Button1", static_cast<std::uint32_t>(RightButtonFunction), "Controller");
-    WriteProfileUInt("Button2", static_cast<std::uint32_t>(MiddleButtonFunction), "Controller");
-    WriteProfileUInt("Button3", static_cast<std::uint32_t>(LeftButtonFunction), "Controller");
+    WriteProfileUInt(kRightButtonFunction, static_cast<std::uint32_t>(RightButtonFunction));
+    WriteProfileUInt(kMiddleButtonFunction, static_cast<std::uint32_t>(MiddleButtonFunction));
+    WriteProfileUInt(kLeftButtonFunction, static_cast<std::uint32_t>(LeftButtonFunction));
     std::snprintf(ScratchText, sizeof ScratchText, "%x", static_cast<unsigned>(BaseAddress));
-    WriteProfileText("Base Address", ScratchText, "Controller");
-    WriteProfileUInt("Hard Probe Compensation", HardProbeCompensation ? 1u : 0u, "Controller");
+    WriteProfileText(kBaseAddress, ScratchText);
+    WriteProfileUInt(kHardProbeCompensation, HardProbeCompensation ? 1u : 0u);
     std::snprintf(ScratchText, sizeof ScratchText, "%lf", MaxPSpeed);
-    WriteProfileText("Max pspeed", ScratchText, "MACHINEPARAM");
+    WriteProfileText(kMaxPSpeed, ScratchText);
     std::snprintf(ScratchText, sizeof ScratchText, "%lf", MaxMSpeed);
-    WriteProfileText("Max mspeed", ScratchText, "MACHINEPARAM");
+    WriteProfileText(kMaxMSpeed, ScratchText);
     std::snprintf(ScratchText, sizeof ScratchText, "%lf", MaxAccel);
-    WriteProfileText("Max accel", ScratchText, "MACHINEPARAM");
+    WriteProfileText(kMaxAccel, ScratchText);
     std::snprintf(ScratchText, sizeof ScratchText, "%d", UseIniMaxSpeeds ? 1 : 0);
-    WriteProfileText("USE INI MAX SPEEDS AND ACCEL", ScratchText, "MACHINEPARAM");
-    WriteProfileText("SUBTYPE", IsQd32z ? "QD32Z" : "R7NS", "CONTROLLER");
+    WriteProfileText(kUseIniMaxSpeeds, ScratchText);
+    WriteProfileText(kIsQd32z, IsQd32z ? "QD32Z" : "R7NS");
     return true;
 }
 

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <string>
 
+#include "settings/controller_schema.h"
 #include "settings/directory_settings.h"
 
 namespace wk {
@@ -14,20 +15,21 @@ public:
     // Reads the controller type from the file (key "Type", section "Controller") once.
     explicit ControllerSettings(const ControllerFlags& controllerFlags);
 
+    // Each field starts with its key's default (controller_schema.h).
     // Upper case; "QEN" when the file says "NONE", empty when the key is missing.
-    std::string ControllerType = "QEN";
-    std::uint32_t BaseAddress = 0;
-    bool HardProbeCompensation = true;
+    std::string ControllerType = kControllerType.Default;
+    std::uint32_t BaseAddress = kBaseAddress.Default;
+    bool HardProbeCompensation = kHardProbeCompensation.Default;
     // The buttons are numbered right to left: "Button1" is the right one.
-    std::int32_t RightButtonFunction = 1;   // "Button1"
-    std::int32_t MiddleButtonFunction = 4;  // "Button2"
-    std::int32_t LeftButtonFunction = 3;    // "Button3"
-    double MaxPSpeed = 0.0;                 // mm/s
-    double MaxMSpeed = 0.0;                 // mm/s
-    double MaxAccel = 0.0;                  // mm/s2
+    std::int32_t RightButtonFunction = kRightButtonFunction.Default;
+    std::int32_t MiddleButtonFunction = kMiddleButtonFunction.Default;
+    std::int32_t LeftButtonFunction = kLeftButtonFunction.Default;
+    double MaxPSpeed = kMaxPSpeed.Default;  // mm/s
+    double MaxMSpeed = kMaxMSpeed.Default;  // mm/s
+    double MaxAccel = kMaxAccel.Default;    // mm/s2
     // True: the three limits come from the settings file; false: from the controller.
-    bool UseIniMaxSpeeds = false;
-    bool IsQd32z = false;  // "SUBTYPE" "QD32Z" rather than "R7NS"
+    bool UseIniMaxSpeeds = kUseIniMaxSpeeds.Default;
+    bool IsQd32z = kIsQd32z.Default;  // "SUBTYPE" "QD32Z" rather than "R7NS"
 
     bool Read();
     bool Write();

@@ -1,6 +1,7 @@
 #include "settings/controller_type.h"
 
-#include "settings/profile_helpers.h"
+#include "settings/controller_schema.h"
+#include "settings/key_profile_helpers.h"
 
 namespace wk {
 
@@ -17,7 +18,7 @@ ControllerFlags ControllerFlagsFromType(const std::string& type) {
 
 std::string ReadControllerType() {
     char type[256];
-    const std::uint32_t length = ReadProfileText("Type", type, sizeof type, "Controller");
+    const std::uint32_t length = ReadProfileText(kControllerType, type, sizeof type);
     return std::string(type, length);
 }
 

@@ -17,6 +17,9 @@ struct ControllerFlags {
 
     // Only the RMD and KPT controllers can be reached over TCP/IP.
     bool AcceptsTcpip() const { return IsRmdOrKpt; }
+    // The controllers with options of their own on the controller page, which the menu offers
+    // only for them: "RMD" (the one type in both RMD flags), "Tq", "Q5" and "Vek3".
+    bool HasControllerOptions() const { return IsVek3Family || (IsQd32OrRmd && IsRmdOrKpt); }
 };
 
 // The four flags for a controller type text (a missing key, i.e. "", sets none).

@@ -1,13 +1,8 @@
 #include "settings/default_points_settings.h"
 
-#include "settings/profile_helpers.h"
+#include "settings/key_profile_helpers.h"
 
 namespace wk {
-
-const std::array<const char*, DefaultPointsSettings::kElementCount>
-    DefaultPointsSettings::kElementKeys = {"CIRCLE", "SPHERE",  "CYLINDER",     "CONE",
-                                           "LINE",   "PLANE",   "PARAB",        "SLOT",
-                                           "SQSLOT", "ELLIPSE", "CIRC_NOT_ALI", "TORUS"};
 
 const std::array<std::uint32_t, DefaultPointsSettings::kElementCount>
     DefaultPointsSettings::kElementMinimums = {3, 4, 7, 6, 2, 3, 6, 5, 8, 5, 7, 12};
@@ -38,8 +33,8 @@ bool DefaultPointsSettings::Read() {
     MechOffsetSettings::Read();
     for (std::size_t i = 0; i < kElementCount; ++i) {
         ElementPoints& current = CurrentPoints[i];
-        const std::uint32_t value = ReadProfileInt(
-            kElementKeys[i], static_cast<std::int32_t>(current.Count), kDefaultPointsSection);
+        const std::uint32_t value =
+            ReadProfileInt(kDefaultPointsKeys[i], static_cast<std::int32_t>(current.Count));
         LastPointsRead = value;
         // Unsigned comparison, as the measuring application makes it: a count below the
         // minimum is ignored, but a negative one passes as a very large count.
@@ -51,7 +46,7 @@ bool DefaultPointsSettings::Read() {
 bool DefaultPointsSettings::Write() {
     MechOffsetSettings::Write();
     for (std::size_t i = 0; i < kElementCount; ++i) {
-        WriteProfileUInt(kElementKeys[i], CurrentPoints[i].Count, kDefaultPointsSection);
+        WriteProfileUInt(kDefaultPointsKeys[i], CurrentPoints[i].Count);
     }
     return true;
 }

@@ -4,6 +4,7 @@
 #include <array>
 #include <cstdint>
 
+#include "settings/default_points_schema.h"
 #include "settings/mech_offset_settings.h"
 
 namespace wk {
@@ -16,12 +17,10 @@ struct ElementPoints {
 
 class DefaultPointsSettings : public MechOffsetSettings {
 public:
-    static constexpr int kElementCount = 12;
+    static constexpr int kElementCount = static_cast<int>(kDefaultPointsKeys.size());
     // Room for fifteen records; only the first twelve are elements.
     static constexpr int kElementCapacity = 15;
     static constexpr int kMaximumPoints = 999;  // enforced by the page, not here
-    static constexpr const char* kDefaultPointsSection = "DEFAULT PTS";
-    static const std::array<const char*, kElementCount> kElementKeys;
     static const std::array<std::uint32_t, kElementCount> kElementMinimums;
 
     explicit DefaultPointsSettings(const ControllerFlags& controllerFlags);

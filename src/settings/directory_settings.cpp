@@ -1,6 +1,6 @@
 #include "settings/directory_settings.h"
 
-#include "settings/profile_helpers.h"
+#include "settings/key_profile_helpers.h"
 
 namespace wk {
 
@@ -9,10 +9,10 @@ DirectorySettings::DirectorySettings(const ControllerFlags& controllerFlags)
 
 bool DirectorySettings::Read() {
     SoundSettings::Read();
+    // In the order of kDirectoryKeys.
     std::string* const fields[] = {&SystemDir, &DataDir, &PProgDir, &MeasDir, &UserDir};
-    const char* const keys[] = {"SYSTEM_DIR", "DATA_DIR", "PPROG_DIR", "MEAS_DIR", "USER_DIR"};
-    for (std::size_t i = 0; i < 5; ++i) {
-        ReadProfileText(keys[i], ScratchText, 80, kDirectorySection);
+    for (std::size_t i = 0; i < kDirectoryKeys.size(); ++i) {
+        ReadProfileText(*kDirectoryKeys[i], ScratchText, 80);
         // "NONE" in any case keeps the built-in directory; a missing key empties it.
         if (!EqualsIgnoringAsciiCase(ScratchText, "NONE")) *fields[i] = ToUpperAscii(ScratchText);
     }
@@ -21,11 +21,11 @@ bool DirectorySettings::Read() {
 
 bool DirectorySettings::Write() {
     SoundSettings::Write();
-    WriteProfileString("SYSTEM_DIR", SystemDir, kDirectorySection);
-    WriteProfileString("DATA_DIR", DataDir, kDirectorySection);
-    WriteProfileString("PPROG_DIR", PProgDir, kDirectorySection);
-    WriteProfileString("MEAS_DIR", MeasDir, kDirectorySection);
-    WriteProfileString("USER_DIR", UserDir, kDirectorySection);
+    WriteProfileString(kSystemDir, SystemDir);
+    WriteProfileString(kDataDir, DataDir);
+    WriteProfileString(kPProgDir, PProgDir);
+    WriteProfileString(kMeasDir, MeasDir);
+    WriteProfileString(kUserDir, UserDir);
     return true;
 }
 

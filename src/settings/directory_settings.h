@@ -3,21 +3,21 @@
 
 #include <string>
 
+#include "settings/directory_schema.h"
 #include "settings/sound_settings.h"
 
 namespace wk {
 
 class DirectorySettings : public SoundSettings {
 public:
-    static constexpr const char* kDirectorySection = "WZELKO";
-
     explicit DirectorySettings(const ControllerFlags& controllerFlags);
 
-    std::string SystemDir = "\\WZELKO";
-    std::string DataDir = "\\WZELKO\\DATA";
-    std::string PProgDir = "\\WZELKO\\PROG";
-    std::string MeasDir = "\\WZELKO\\MEAS";
-    std::string UserDir = "\\WZELKO\\USER";
+    // Each field starts with its key's default (directory_schema.h).
+    std::string SystemDir = kSystemDir.Default;
+    std::string DataDir = kDataDir.Default;
+    std::string PProgDir = kPProgDir.Default;
+    std::string MeasDir = kMeasDir.Default;
+    std::string UserDir = kUserDir.Default;
 
     void SetSystemDir(const std::string& dir) { SystemDir = dir; }
     void SetDataDir(const std::string& dir) { DataDir = dir; }

@@ -3,9 +3,9 @@
 #include <cstdio>
 #include <cstring>
 
-#include "platform/profile.h"
-#include "settings/profile_helpers.h"
-#include "settings/settings_files.h"
+#include "settings/init_schema.h"
+#include "settings/key_profile_helpers.h"
+#include "settings/machine_schema.h"
 
 // Numbers in the settings files always use '.' as decimal point. The C formatting and
 // scanning below ("%lf", "%1.10lf", "COM%d") follow LC_NUMERIC, which the programs keep
@@ -15,21 +15,18 @@ namespace wk {
 
 namespace {
 
-// Method words of WZELKO32.INI by method value + 1 (-1 is "UNK").
-constexpr const char* kMethodWords[] = {"UNK", "NONE", "QEN", "KV", "RHO", "CTRL", "MELDAX"};
-
 constexpr std::uint32_t kSpeeds[] = {150, 300, 600, 1200, 2400, 4800, 9600, 19200};
 
-std::int32_t ProfileInt(const char* section, const char* key, std::int32_t defaultValue,
-                        const char* fileName) {
-    return static_cast<std::int32_t>(GetPrivateProfileIntA(section, key, defaultValue, fileName));
+// The keys read and written with the profile functions directly, under the upper-case file
+// names: integers read with GetPrivateProfileIntA, written with "%d".
+std::int32_t ProfileInt(const SettingKey& key, std::int32_t defaultValue) {
+    return static_cast<std::int32_t>(DirectProfileInt(key, defaultValue));
 }
 
-void WriteProfileDecimal(const char* section, const char* key, std::int32_t value,
-                         const char* fileName) {
+void WriteProfileDecimal(const SettingKey& key, std::int32_t value) {
     char text[20];
     std::snprintf(text, sizeof text, "%d", value);
-    WriteProfileKey(section, key, text, fileName);
+    WriteProfileKey(key, text);
 }
 
 // "%lf" of a text; a text that does not scan leaves the value as it is.
@@ -52,12 +49,14 @@ MachineSettings::MachineSettings(const ControllerFlags& controllerFlags)
 
 void MachineSettings::ReadVolcompMethod() {
     char word[10];
-    GetPrivateProfileStringA("COMPENS", "METHOD", "UNK", word, sizeof word, kWzelko32Ini);
+    DirectProfileString(kVolcompMethod, "UNK", word, sizeof word);
     VolcompMethod = -1;
     for (int value = -1; value <= 5; ++value) {
-        if (std::strcmp(word, kMethodWords[value + 1]) == 0) VolcompMethod = value;
+        if (std::strcmp(word, kVolcompMethodWords[static_cast<std::size_t>(value + 1)]) == 0) {
+            VolcompMethod = value;
+        }
     }
-    GetPrivateProfileStringA("COMPENS", "METHOD", "NONE", word, sizeof word, kWzelkoIni);
+    DirectProfileString(kLegacyMethod, "NONE", word, sizeof word);
     if (std::strcmp(word, "QEN") == 0) {
         LegacyMethod = 1;
     } else if (std::strcmp(word, "KV") == 0) {
@@ -71,79 +70,80 @@ void MachineSettings::ReadVolcompMethod() {
 
 void MachineSettings::WriteVolcompMethod() {
     const bool known = VolcompMethod >= 0 && VolcompMethod <= 5;
-    WriteProfileKey("COMPENS", "METHOD", known ? kMethodWords[VolcompMethod + 1] : "UNK",
-                    kWzelko32Ini);
+    WriteProfileKey(
+        kVolcompMethod,
+        known ? kVolcompMethodWords[static_cast<std::size_t>(VolcompMethod + 1)] : "UNK");
     if (VolcompMethod == 1 || VolcompMethod == 2) LegacyMethod = VolcompMethod;
     // The older file knows only the two brands: it always names one of them.
-    WriteProfileKey("COMPENS", "METHOD", LegacyMethod == 2 ? "KV" : "QEN", kWzelkoIni);
+    WriteProfileKey(kLegacyMethod, LegacyMethod == 2 ? "KV" : "QEN");
 }
 
 bool MachineSettings::Read() {
     ColourSettings::Read();
     ReadVolcompMethod();
 
-    CompensMode = ProfileInt("COMPENS", "COMPENS MODE", 1, kWzelkoIni);
-    CtrVolcompOnExit = ProfileInt("CONTROLLER", "CTR VOLCOMP ON EXIT", 2, kWzelkoIni);
-    CompensActive = ProfileInt("COMPENS", "ACTIVE", 0, kWzelko32Ini) == 1;
-    ThermalCompens = ProfileInt("Compens", "Thermal", 0, kWzelko32Ini) != 0;
-    ToolChanger = ReadProfileBool("TOOL CHANGER", "MACHINEPARAM");
+    CompensMode = ProfileInt(kCompensMode, kCompensMode.Default);
+    CtrVolcompOnExit = ProfileInt(kCtrVolcompOnExit, kCtrVolcompOnExit.Default);
+    CompensActive = ProfileInt(kCompensActive, 0) == 1;
+    ThermalCompens = ProfileInt(kThermalCompens, 0) != 0;
+    ToolChanger = ReadProfileBool(kToolChanger);
 
     // "NONE" stands for the built-in name, which the next write stores in its place; any
     // other text, an empty one included, is the name.
-    ReadProfileText("COSDAT FNAME", ScratchText, 80, "MACHINEPARAM");
+    ReadProfileText(kCosDatFileName, ScratchText, 80);
     if (!EqualsIgnoringAsciiCase(ScratchText, "NONE")) CosDatFileName = ToUpperAscii(ScratchText);
-    ReadProfileText("COMPENS FILE NAME", ScratchText, 80, "COMPENS");
+    ReadProfileText(kCompensFileName, ScratchText, 80);
     if (!EqualsIgnoringAsciiCase(ScratchText, "NONE")) CompensFileName = ToUpperAscii(ScratchText);
 
-    ReadProfileText("DIST APPROACH", ScratchText, 20, "MACHINEPARAM");
+    ReadProfileText(kDistApproach, ScratchText, 20);
     ScanDouble(ScratchText, DistApproach);
-    ReadProfileText("XTERM", ScratchText, 20, "MACHINEPARAM");
+    ReadProfileText(kXTerm, ScratchText, 20);
     ScanDouble(ScratchText, XTerm);
-    ReadProfileText("YTERM", ScratchText, 20, "MACHINEPARAM");
+    ReadProfileText(kYTerm, ScratchText, 20);
     ScanDouble(ScratchText, YTerm);
-    ReadProfileText("ZTERM", ScratchText, 20, "MACHINEPARAM");
+    ReadProfileText(kZTerm, ScratchText, 20);
     ScanDouble(ScratchText, ZTerm);
-    ReadProfileText("PARTTERM", ScratchText, 20, "MACHINEPARAM");
+    ReadProfileText(kPartTerm, ScratchText, 20);
     ScanDouble(ScratchText, PartTerm);
-    ReadProfileText("OPTSPEED", ScratchText, 20, "MACHINEPARAM");
+    ReadProfileText(kOptSpeed, ScratchText, 20);
     OptSpeedSet = ScratchText[0] != '\0';
     ScanDouble(ScratchText, OptSpeed);
-    ReadProfileText("DEPTH", ScratchText, 20, "MACHINEPARAM");
+    ReadProfileText(kDepth, ScratchText, 20);
     DepthSet = ScratchText[0] != '\0';
     ScanDouble(ScratchText, Depth);
 
-    Jx01Simulation = ReadProfileBool("JX01 SIMULATION", "MEAS_WINDOW");
-    Jx01Delay = ReadProfileInt("JX01 DELAY", 10, "MEAS_WINDOW");
-    CmmSimulation = ReadProfileBool("SIMULATION", "CMM");
-    Cnc = ReadProfileBool("CNC", "CMM");
+    Jx01Simulation = ReadProfileBool(kJx01Simulation);
+    Jx01Delay = ReadProfileInt(kJx01Delay, kJx01Delay.Default);
+    CmmSimulation = ReadProfileBool(kCmmSimulation);
+    Cnc = ReadProfileBool(kCnc);
 
     // The port name is the text up to the first colon. COM9 and above, and names that do
     // not scan, are COM1.
     char cmmPortName[20] = "";
-    ReadProfileText("PORT", ScratchText, 20, "CMM");
+    ReadProfileText(kPortIndex, ScratchText, 20);
     std::sscanf(ScratchText, "%19[^:]", cmmPortName);  // "%[^:]"; the text is at most 19 long
     const int cmmPortNumber = ComNumber(cmmPortName);
     PortIndex = (cmmPortNumber >= 1 && cmmPortNumber <= 8) ? cmmPortNumber - 1 : 0;
 
-    UseSocket = ProfileInt("CMM", "USESOCKET", 0, kWzelkoIni) != 0;
+    UseSocket = ProfileInt(kUseSocket, 0) != 0;
     char address[20];
-    GetPrivateProfileStringA("CMM", "TCPIP Address", "", address, sizeof address, kWzelkoIni);
+    DirectProfileString(kTcpipAddress, "", address, sizeof address);
     TcpipAddress = address[0] != '\0' ? address : kDefaultTcpipAddress;
-    TcpipPort = ProfileInt("CMM", "TCPIP Port", 2001, kWzelkoIni);
+    TcpipPort = ProfileInt(kTcpipPort, kTcpipPort.Default);
     // Only a controller that can be reached over TCP/IP takes the file's socket request.
     if (controllerAcceptsTcpip_ && UseSocket) PortIndex = kTcpipPortIndex;
 
-    ReadProfileText("RESOLUTION", ScratchText, 20, "CMM");
+    ReadProfileText(kResolution, ScratchText, 20);
     ScanDouble(ScratchText, Resolution);
-    Ph9Simulation = ReadProfileBool("SIMULATION", "Ph9");
-    Ph9Present = ReadProfileBool("PH9PRESENT", "Ph9");
-    Ph9Type = ProfileInt("PH9", "TYPE", 0, kWzelko32Ini);
+    Ph9Simulation = ReadProfileBool(kPh9Simulation);
+    Ph9Present = ReadProfileBool(kPh9Present);
+    Ph9Type = ProfileInt(kPh9Type, kPh9Type.Default);
 
-    ReadProfileText("PORT", ScratchText, 20, "Ph9");
+    ReadProfileText(kPh9Serial, ScratchText, 20);
     if (EqualsIgnoringAsciiCase(ScratchText, "NONE")) {
         // No line given: the head sits on the CMM's port number, with the usual line settings.
         const int number = cmmPortNumber > 8 ? 1 : cmmPortNumber;
-        Ph9Serial = (kDefaultPh9Serial & ~kPh9PortMask) |
+        Ph9Serial = (kPh9Serial.Default & ~kPh9PortMask) |
                     (static_cast<std::uint32_t>(number - 1) & kPh9PortMask);
     } else if (ScratchText[0] != '\0') {
         const std::string line = ToUpperAscii(ScratchText);
@@ -220,28 +220,28 @@ std::string MachineSettings::Ph9SerialText(std::uint32_t serial) {
 bool MachineSettings::Write() {
     ColourSettings::Write();
 
-    WriteProfileBool("JX01 SIMULATION", Jx01Simulation, "MEAS_WINDOW");
-    WriteProfileUInt("JX01 DELAY", Jx01Delay, "MEAS_WINDOW");
-    WriteProfileDecimal("COMPENS", "COMPENS MODE", CompensMode, kWzelkoIni);
-    WriteProfileDecimal("CONTROLLER", "CTR VOLCOMP ON EXIT", CtrVolcompOnExit, kWzelkoIni);
+    WriteProfileBool(kJx01Simulation, Jx01Simulation);
+    WriteProfileUInt(kJx01Delay, Jx01Delay);
+    WriteProfileDecimal(kCompensMode, CompensMode);
+    WriteProfileDecimal(kCtrVolcompOnExit, CtrVolcompOnExit);
     WriteVolcompMethod();
-    WriteProfileKey("COMPENS", "ACTIVE", CompensActive ? "1" : "0", kWzelko32Ini);
-    WriteProfileKey("Compens", "Thermal", ThermalCompens ? "1" : "0", kWzelko32Ini);
-    WriteProfileBool("TOOL CHANGER", ToolChanger, "MACHINEPARAM");
-    WriteProfileString("COSDAT FNAME", CosDatFileName, "MACHINEPARAM");
-    WriteProfileString("COMPENS FILE NAME", CompensFileName, "COMPENS");
+    WriteProfileKey(kCompensActive, CompensActive ? "1" : "0");
+    WriteProfileKey(kThermalCompens, ThermalCompens ? "1" : "0");
+    WriteProfileBool(kToolChanger, ToolChanger);
+    WriteProfileString(kCosDatFileName, CosDatFileName);
+    WriteProfileString(kCompensFileName, CompensFileName);
 
     std::snprintf(ScratchText, sizeof ScratchText, "%lf", DistApproach);
-    WriteProfileText("DIST APPROACH", ScratchText, "MACHINEPARAM");
+    WriteProfileText(kDistApproach, ScratchText);
     // The scale factors get ten decimals, deliberately finer than the lengths.
     std::snprintf(ScratchText, sizeof ScratchText, "%1.10lf", XTerm);
-    WriteProfileText("XTERM", ScratchText, "MACHINEPARAM");
+    WriteProfileText(kXTerm, ScratchText);
     std::snprintf(ScratchText, sizeof ScratchText, "%1.10lf", YTerm);
-    WriteProfileText("YTERM", ScratchText, "MACHINEPARAM");
+    WriteProfileText(kYTerm, ScratchText);
     std::snprintf(ScratchText, sizeof ScratchText, "%1.10lf", ZTerm);
-    WriteProfileText("ZTERM", ScratchText, "MACHINEPARAM");
+    WriteProfileText(kZTerm, ScratchText);
     std::snprintf(ScratchText, sizeof ScratchText, "%1.10lf", PartTerm);
-    WriteProfileText("PARTTERM", ScratchText, "MACHINEPARAM");
+    WriteProfileText(kPartTerm, ScratchText);
 
     // An optimal speed or depth that is not given stays an empty value.
     if (OptSpeedSet) {
@@ -249,36 +249,37 @@ bool MachineSettings::Write() {
     } else {
         ScratchText[0] = '\0';
     }
-    WriteProfileText("OPTSPEED", ScratchText, "MACHINEPARAM");
+    WriteProfileText(kOptSpeed, ScratchText);
     if (DepthSet) {
         std::snprintf(ScratchText, sizeof ScratchText, "%lf", Depth);
     } else {
         ScratchText[0] = '\0';
     }
-    WriteProfileText("DEPTH", ScratchText, "MACHINEPARAM");
+    WriteProfileText(kDepth, ScratchText);
 
-    WriteProfileBool("SIMULATION", CmmSimulation, "CMM");
-    WriteProfileBool("CNC", Cnc, "CMM");
-    if (!Cnc) WriteProfileUInt("EXITCODE", 0, "Wzelko");
+    WriteProfileBool(kCmmSimulation, CmmSimulation);
+    WriteProfileBool(kCnc, Cnc);
+    // A manual machine has no exit code to choose: the start-up group's key is set to 0.
+    if (!Cnc) WriteProfileUInt(kExitCode, 0);
 
     if (PortIndex != kTcpipPortIndex) {
         // A serial connection leaves the TCP/IP keys as they are.
-        WriteProfileKey("CMM", "USESOCKET", "0", kWzelkoIni);
+        WriteProfileKey(kUseSocket, "0");
         std::snprintf(ScratchText, sizeof ScratchText, "COM%d:", PortIndex + 1);
-        WriteProfileText("PORT", ScratchText, "CMM");
+        WriteProfileText(kPortIndex, ScratchText);
     } else {
         // A TCP/IP connection leaves the serial port as it is.
-        WriteProfileKey("CMM", "USESOCKET", "1", kWzelkoIni);
-        WriteProfileDecimal("CMM", "TCPIP Port", TcpipPort, kWzelkoIni);
-        WriteProfileKey("CMM", "TCPIP Address", TcpipAddress.c_str(), kWzelkoIni);
+        WriteProfileKey(kUseSocket, "1");
+        WriteProfileDecimal(kTcpipPort, TcpipPort);
+        WriteProfileKey(kTcpipAddress, TcpipAddress.c_str());
     }
 
     std::snprintf(ScratchText, sizeof ScratchText, "%lf", Resolution);
-    WriteProfileText("RESOLUTION", ScratchText, "CMM");
-    WriteProfileBool("SIMULATION", Ph9Simulation, "Ph9");
-    WriteProfileBool("PH9PRESENT", Ph9Present, "Ph9");
-    WriteProfileDecimal("PH9", "TYPE", Ph9Type, kWzelko32Ini);
-    WriteProfileString("PORT", Ph9SerialText(Ph9Serial), "Ph9");
+    WriteProfileText(kResolution, ScratchText);
+    WriteProfileBool(kPh9Simulation, Ph9Simulation);
+    WriteProfileBool(kPh9Present, Ph9Present);
+    WriteProfileDecimal(kPh9Type, Ph9Type);
+    WriteProfileString(kPh9Serial, Ph9SerialText(Ph9Serial));
     return true;
 }
 

@@ -7,6 +7,7 @@
 
 #include "settings/colour_settings.h"
 #include "settings/controller_type.h"
+#include "settings/machine_schema.h"
 
 namespace wk {
 
@@ -17,8 +18,6 @@ public:
     // Taken when "TCPIP Address" is empty or missing: the address the controllers leave
     // the factory with.
     static constexpr const char* kDefaultTcpipAddress = "192.168.0.100";
-    static constexpr const char* kDefaultCosDatFileName = "ZELKOCOSDAT1.BIN";
-    static constexpr const char* kDefaultCompensFileName = "ZELKOCOMPENS.DAT";
 
     // Ph9Serial bit fields.
     static constexpr std::uint32_t kPh9PortMask = 0x000F;
@@ -28,46 +27,45 @@ public:
     static constexpr std::uint32_t kPh9DataMask = 0xF000;
     static constexpr std::uint32_t kPh9ParityEven = 0x100;
     static constexpr std::uint32_t kPh9ParityOdd = 0x200;
-    // COM2, 4800 baud, no parity, 8 data bits, 2 stop bits.
-    static constexpr std::uint32_t kDefaultPh9Serial = 0x3851;
 
     // The controller flags are taken as a whole (not only "accepts TCP/IP") because they are
     // what start-up computes once from "Type"; the record keeps the answer it needs and the
     // window can pass the very flags it shows its controls by.
     explicit MachineSettings(const ControllerFlags& controllerFlags);
 
-    std::int32_t CtrVolcompOnExit = 2;  // 0 disabled, 1 enabled, 2 restore
-    std::int32_t CompensMode = 1;       // 0 horizontal, 1 bridge, 2 dual reader
+    // Each field starts with its key's default (machine_schema.h).
+    std::int32_t CtrVolcompOnExit = kCtrVolcompOnExit.Default;  // 0 disabled, 1 enabled, 2 restore
+    std::int32_t CompensMode = kCompensMode.Default;  // 0 horizontal, 1 bridge, 2 dual reader
     // -1 unknown, 0 none, 1 QEN, 2 KV, 3 RHO, 4 controller, 5 MELDAX settings
-    std::int32_t VolcompMethod = 1;
-    std::int32_t LegacyMethod = 1;  // the older file's form: 1 QEN, 2 KV
-    bool CompensActive = false;
-    bool ThermalCompens = false;
-    bool ToolChanger = false;
-    std::string CosDatFileName = kDefaultCosDatFileName;
-    std::string CompensFileName = kDefaultCompensFileName;
-    double DistApproach = 6.0;  // mm
-    double XTerm = 1.0;
-    double YTerm = 1.0;
-    double ZTerm = 1.0;
-    double PartTerm = 1.0;
-    double OptSpeed = 0.0;
-    bool OptSpeedSet = false;
-    double Depth = 12.0;  // mm, twice the approach distance
-    bool DepthSet = false;
-    bool Cnc = true;
-    std::int32_t PortIndex = 0;
-    bool CmmSimulation = false;
-    double Resolution = 0.0001;  // mm
-    bool Ph9Simulation = false;
-    bool Ph9Present = false;
-    std::uint32_t Ph9Serial = kDefaultPh9Serial;
-    std::int32_t Ph9Type = 0;
-    bool Jx01Simulation = false;
-    std::uint32_t Jx01Delay = 10;
-    bool UseSocket = false;
-    std::string TcpipAddress;  // at most 19 characters
-    std::int32_t TcpipPort = 2001;
+    std::int32_t VolcompMethod = kVolcompMethod.Default;
+    std::int32_t LegacyMethod = kLegacyMethod.Default;  // the older file's form: 1 QEN, 2 KV
+    bool CompensActive = kCompensActive.Default;
+    bool ThermalCompens = kThermalCompens.Default;
+    bool ToolChanger = kToolChanger.Default;
+    std::string CosDatFileName = kCosDatFileName.Default;
+    std::string CompensFileName = kCompensFileName.Default;
+    double DistApproach = kDistApproach.Default;  // mm
+    double XTerm = kXTerm.Default;
+    double YTerm = kYTerm.Default;
+    double ZTerm = kZTerm.Default;
+    double PartTerm = kPartTerm.Default;
+    double OptSpeed = kOptSpeed.Default;
+    bool OptSpeedSet = false;       // "OPTSPEED" is not empty
+    double Depth = kDepth.Default;  // mm
+    bool DepthSet = false;          // "DEPTH" is not empty
+    bool Cnc = kCnc.Default;
+    std::int32_t PortIndex = kPortIndex.Default;
+    bool CmmSimulation = kCmmSimulation.Default;
+    double Resolution = kResolution.Default;  // mm
+    bool Ph9Simulation = kPh9Simulation.Default;
+    bool Ph9Present = kPh9Present.Default;
+    std::uint32_t Ph9Serial = kPh9Serial.Default;
+    std::int32_t Ph9Type = kPh9Type.Default;
+    bool Jx01Simulation = kJx01Simulation.Default;
+    std::uint32_t Jx01Delay = kJx01Delay.Default;
+    bool UseSocket = kUseSocket.Default;
+    std::string TcpipAddress = kTcpipAddress.Default;  // at most 19 characters
+    std::int32_t TcpipPort = kTcpipPort.Default;
 
     bool ControllerAcceptsTcpip() const { return controllerAcceptsTcpip_; }
 

@@ -3,40 +3,23 @@
 #include <cstdio>
 #include <cstring>
 
-#include "settings/profile_helpers.h"
+#include "settings/key_profile_helpers.h"
+#include "settings/mech_offset_schema.h"
 
 // Numbers in the settings files always use '.' as decimal point. The C formatting and
 // scanning below ("%lf") follow LC_NUMERIC, which the programs keep at "C".
 
 namespace wk {
 
-namespace {
-
-struct OffsetKey {
-    const char* section;
-    const char* key;
-};
-
-// The "MECHAOFFS" keys are lower case in the measuring application's files; the bridge
-// stroke lives among the upper-case machine parameters.
-constexpr OffsetKey kOffsetKeys[] = {
-    {"MECHAOFFS", "offx"},
-    {"MECHAOFFS", "offy"},
-    {"MECHAOFFS", "offz"},
-    {"MECHAOFFS", "compensoff"},
-    {"MACHINEPARAM", "BRIDGE AXIS STROKE"},
-};
-
-}  // namespace
-
 MechOffsetSettings::MechOffsetSettings(const ControllerFlags& controllerFlags)
     : InitSettings(controllerFlags) {}
 
 bool MechOffsetSettings::Read() {
     InitSettings::Read();
+    // In the order of kMechOffsetKeys.
     double* const fields[] = {&OffsetX, &OffsetY, &OffsetZ, &CompensOffset, &BridgeAxisStroke};
-    for (std::size_t i = 0; i < 5; ++i) {
-        ReadProfileText(kOffsetKeys[i].key, ScratchText, 20, kOffsetKeys[i].section);
+    for (std::size_t i = 0; i < kMechOffsetKeys.size(); ++i) {
+        ReadProfileText(*kMechOffsetKeys[i], ScratchText, 20);
         // "NONE" (exactly) and text that does not scan keep the value.
         if (std::strcmp(ScratchText, "NONE") == 0) continue;
         double value = 0.0;
@@ -48,10 +31,10 @@ bool MechOffsetSettings::Read() {
 bool MechOffsetSettings::Write() {
     InitSettings::Write();
     const double values[] = {OffsetX, OffsetY, OffsetZ, CompensOffset, BridgeAxisStroke};
-    for (std::size_t i = 0; i < 5; ++i) {
+    for (std::size_t i = 0; i < kMechOffsetKeys.size(); ++i) {
         // "NONE" is never written back: a key that held it gets the value as a number.
         std::snprintf(ScratchText, sizeof ScratchText, "%lf", values[i]);
-        WriteProfileText(kOffsetKeys[i].key, ScratchText, kOffsetKeys[i].section);
+        WriteProfileText(*kMechOffsetKeys[i], ScratchText);
     }
     return true;
 }

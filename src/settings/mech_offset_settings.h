@@ -2,6 +2,7 @@
 // Mechanical offsets of the machine: always millimetres, whatever the measuring unit.
 
 #include "settings/init_settings.h"
+#include "settings/mech_offset_schema.h"
 
 namespace wk {
 
@@ -9,11 +10,12 @@ class MechOffsetSettings : public InitSettings {
 public:
     explicit MechOffsetSettings(const ControllerFlags& controllerFlags);
 
-    double OffsetX = 0.0;
-    double OffsetY = 0.0;
-    double OffsetZ = 0.0;
-    double CompensOffset = 0.0;
-    double BridgeAxisStroke = 0.0;
+    // Each field starts with its key's default (mech_offset_schema.h).
+    double OffsetX = kOffsetX.Default;
+    double OffsetY = kOffsetY.Default;
+    double OffsetZ = kOffsetZ.Default;
+    double CompensOffset = kCompensOffset.Default;
+    double BridgeAxisStroke = kBridgeAxisStroke.Default;
 
     bool Read();
     bool Write();

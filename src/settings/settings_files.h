@@ -18,6 +18,10 @@ inline constexpr const char* kSettingsFile32Name = "Wzelko32.ini";
 inline constexpr const char* kWzelkoIni = "WZELKO.INI";
 inline constexpr const char* kWzelko32Ini = "WZELKO32.INI";
 
+// The file start-up requires, appended to the Windows directory: without it the measuring
+// application is not installed there.
+inline constexpr const char* kRequiredSettingsFilePath = "\\WZELKO.INI";
+
 // The backup's pairs, appended to the Windows directory.
 inline constexpr const char* kBackupSourcePath = "\\WZELKO.INI";
 inline constexpr const char* kBackupTargetPath = "\\WZELKO.BAK";

@@ -2,13 +2,9 @@
 
 #include <cstring>
 
-#include "settings/profile_helpers.h"
+#include "settings/key_profile_helpers.h"
 
 namespace wk {
-
-const std::array<const char*, SoundSettings::kSoundCount> SoundSettings::kSoundKeys = {
-    "pick tf", "del tf",        "pick tu",   "del tu", "end measure", "end compute", "end macro",
-    "error",   "measure error", "emergency", "input",  "init",        "home"};
 
 SoundSettings::SoundSettings(const ControllerFlags& controllerFlags)
     : DefaultPointsSettings(controllerFlags) {
@@ -16,15 +12,16 @@ SoundSettings::SoundSettings(const ControllerFlags& controllerFlags)
     // "pick tf" and "del tf" are overwritten by "pick tu" and "del tu", which leaves ids 3
     // and 4 empty. The measuring application's record has always started so; a read
     // replaces all of them.
-    SoundFiles[0] = "pick tf";
-    SoundFiles[1] = "del tf";
-    SoundFiles[0] = "pick tu";
-    SoundFiles[1] = "del tu";
+    SoundFiles[0] = kSoundFileKeys[0].Key;
+    SoundFiles[1] = kSoundFileKeys[1].Key;
+    SoundFiles[0] = kSoundFileKeys[2].Key;
+    SoundFiles[1] = kSoundFileKeys[3].Key;
     for (int id = 5; id <= kEventCount; ++id) {
-        SoundFiles[static_cast<std::size_t>(id - 1)] = kSoundKeys[static_cast<std::size_t>(id - 1)];
+        SoundFiles[static_cast<std::size_t>(id - 1)] =
+            kSoundFileKeys[static_cast<std::size_t>(id - 1)].Key;
     }
-    SoundFiles[kPowerOnSoundId - 1] = "init.wav";
-    SoundFiles[kZeroesSoundId - 1] = "home.wav";
+    SoundFiles[kPowerOnSoundId - 1] = kSoundFileKeys[kPowerOnSoundId - 1].Default;
+    SoundFiles[kZeroesSoundId - 1] = kSoundFileKeys[kZeroesSoundId - 1].Default;
 }
 
 std::string SoundSettings::FileNamePart(const std::string& path) {
@@ -46,21 +43,20 @@ void SoundSettings::SetSound(int id, const std::string& path) {
 bool SoundSettings::Read() {
     DefaultPointsSettings::Read();
 
-    PlayGeneral = ReadProfileBool("enable", kSoundsSection, "YES");
-    ReadProfileText("location", ScratchText, 80, kSoundsSection);
+    PlayGeneral = ReadProfileBool(kPlayGeneral, "YES");
+    ReadProfileText(kLocation, ScratchText, 80);
     // Only "NONE" exactly keeps the location; a missing key empties it.
     if (std::strcmp(ScratchText, "NONE") != 0) Location = ScratchText;
-    ReadProfileText("init", ScratchText, 80, kSoundsSection);
+    ReadProfileText(kSoundFileKeys[kPowerOnSoundId - 1], ScratchText, 80);
     SoundFiles[kPowerOnSoundId - 1] = ScratchText;
-    ReadProfileText("home", ScratchText, 80, kSoundsSection);
+    ReadProfileText(kSoundFileKeys[kZeroesSoundId - 1], ScratchText, 80);
     SoundFiles[kZeroesSoundId - 1] = ScratchText;
-    PlayPowerOn = ReadProfileBool("PLAY SOUNDS", "Wzelko");
-    PowerOnContinuous = ReadProfileBool("CONTINUOUS SOUND", "Wzelko");
-    PlayZeroes = ReadProfileBool("PLAY SOUNDS", "INIT");
-    ZeroesContinuous = ReadProfileBool("PLAY CONTINUOUS", "INIT");
+    PlayPowerOn = ReadProfileBool(kPlayPowerOn);
+    PowerOnContinuous = ReadProfileBool(kPowerOnContinuous);
+    PlayZeroes = ReadProfileBool(kPlayZeroes);
+    ZeroesContinuous = ReadProfileBool(kZeroesContinuous);
     for (int id = 1; id <= kEventCount; ++id) {
-        ReadProfileText(kSoundKeys[static_cast<std::size_t>(id - 1)], ScratchText, 80,
-                        kSoundsSection);
+        ReadProfileText(kSoundFileKeys[static_cast<std::size_t>(id - 1)], ScratchText, 80);
         SoundFiles[static_cast<std::size_t>(id - 1)] = ScratchText;
     }
     return true;
@@ -69,17 +65,17 @@ bool SoundSettings::Read() {
 bool SoundSettings::Write() {
     DefaultPointsSettings::Write();
 
-    WriteProfileText("enable", PlayGeneral ? "Yes" : "No", kSoundsSection);
-    WriteProfileBool("PLAY SOUNDS", PlayPowerOn, "Wzelko");
-    WriteProfileBool("CONTINUOUS SOUND", PowerOnContinuous, "Wzelko");
-    WriteProfileBool("PLAY SOUNDS", PlayZeroes, "INIT");
-    WriteProfileBool("PLAY CONTINUOUS", ZeroesContinuous, "INIT");
-    WriteProfileString("location", Location, kSoundsSection);
+    WriteProfileText(kPlayGeneral, PlayGeneral ? "Yes" : "No");
+    WriteProfileBool(kPlayPowerOn, PlayPowerOn);
+    WriteProfileBool(kPowerOnContinuous, PowerOnContinuous);
+    WriteProfileBool(kPlayZeroes, PlayZeroes);
+    WriteProfileBool(kZeroesContinuous, ZeroesContinuous);
+    WriteProfileString(kLocation, Location);
     // The measuring application's order: the two start-up sounds sit among the events.
     static constexpr int kWriteOrder[] = {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 12, 11, 13};
     for (int id : kWriteOrder) {
-        WriteProfileString(kSoundKeys[static_cast<std::size_t>(id - 1)],
-                           SoundFiles[static_cast<std::size_t>(id - 1)], kSoundsSection);
+        WriteProfileString(kSoundFileKeys[static_cast<std::size_t>(id - 1)],
+                           SoundFiles[static_cast<std::size_t>(id - 1)]);
     }
     return true;
 }

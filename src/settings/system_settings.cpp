@@ -4,7 +4,8 @@
 #include <cstring>
 
 #include "platform/text_to_number.h"
-#include "settings/profile_helpers.h"
+#include "settings/key_profile_helpers.h"
+#include "settings/system_schema.h"
 
 // Numbers in the settings files always use '.' as decimal point. The C formatting and
 // scanning below ("%lf") follow LC_NUMERIC, which the programs keep at "C".
@@ -20,8 +21,8 @@ void ScanDouble(const char* text, double& value) {
 
 // The system parameters' file-name rule: "NONE" in any case keeps the name, any other text (an
 // empty one included) is the name in upper case.
-void ReadNameKeepingOnNone(const char* key, const char* section, char* buffer, std::string& name) {
-    ReadProfileText(key, buffer, 80, section);
+void ReadNameKeepingOnNone(const WzelkoKey<const char*>& key, char* buffer, std::string& name) {
+    ReadProfileText(key, buffer, 80);
     if (!EqualsIgnoringAsciiCase(buffer, "NONE")) name = ToUpperAscii(buffer);
 }
 
@@ -45,81 +46,81 @@ double SystemSettings::TextToDiameter(const std::string& text) const {
 bool SystemSettings::Read() {
     MachineSettings::Read();
 
-    ReadProfileText("LANGUAGE", ScratchText, 20, "Wzelko");
+    ReadProfileText(kLanguageCode, ScratchText, 20);
     LanguageCode = EqualsIgnoringAsciiCase(ScratchText, "NONE") ? std::string("ENG")
                                                                 : ToUpperAscii(ScratchText);
-    FenWire = ReadProfileBool("FENWIRE", "TOOL");
-    Tp200 = ReadProfileBool("TP200", "MEASUREPARAM");
-    ReadProfileText("DIASFERACAL", ScratchText, 20, "SYSTEMPARAM");
+    FenWire = ReadProfileBool(kFenWire);
+    Tp200 = ReadProfileBool(kTp200);
+    ReadProfileText(kDiaSferaCal, ScratchText, 20);
     ScanDouble(ScratchText, DiaSferaCal);
-    ReadNameKeepingOnNone("QUALIFILENAME", "SYSTEMPARAM", ScratchText, QualiFileName);
-    ReadNameKeepingOnNone("REFSYSFILENAME", "SYSTEMPARAM", ScratchText, RefSysFileName);
-    ReadNameKeepingOnNone("MEMORYFILENAME", "SYSTEMPARAM", ScratchText, MemoryFileName);
-    AutoSave = ReadProfileInt("AUTOSAVE", static_cast<std::int32_t>(AutoSave), "SYSTEMPARAM");
+    ReadNameKeepingOnNone(kQualiFileName, ScratchText, QualiFileName);
+    ReadNameKeepingOnNone(kRefSysFileName, ScratchText, RefSysFileName);
+    ReadNameKeepingOnNone(kMemoryFileName, ScratchText, MemoryFileName);
+    AutoSave = ReadProfileInt(kAutoSave, static_cast<std::int32_t>(AutoSave));
     if (AutoSave > 7) AutoSave = 0;  // unsigned: a negative number is out of range too
 
-    ReadProfileText("TRUEPOSERR", ScratchText, 80, "OTHER");
+    ReadProfileText(kTruePosErrDiameter, ScratchText, 80);
     TruePosErrDiameter = EqualsIgnoringAsciiCase(ToUpperAscii(ScratchText).c_str(), "DIAMETER");
-    DoubleFormErr = ReadProfileBool("DOUBLEFORMERR", "OTHER");
-    DosPpCompatibility = ReadProfileBool("ZELKO DOS PP COMPATIBILITY", "SYSTEMPARAM");
-    ReadProfileText("3D LINE COMPENS", ScratchText, 80, "SYSTEMPARAM");
+    DoubleFormErr = ReadProfileBool(kDoubleFormErr);
+    DosPpCompatibility = ReadProfileBool(kDosPpCompatibility);
+    ReadProfileText(kLine3dCompens, ScratchText, 80);
     if (EqualsIgnoringAsciiCase(ScratchText, "USING SELPL")) {
         Line3dCompens = 0;
     } else if (EqualsIgnoringAsciiCase(ScratchText, "SHOULD MODE")) {
         Line3dCompens = 1;
     }
-    ReadProfileText("THRESHOLD ANG MIDDLE REL", ScratchText, 20, "SYSTEMPARAM");
+    ReadProfileText(kThresholdAngMiddleRel, ScratchText, 20);
     ScanDouble(ScratchText, ThresholdAngMiddleRel);
     // Unlike every other flag of the group this one is "1"/"0", not "TRUE"/"FALSE".
-    PrintAtEndExec = ReadProfileBool("PRINT AT END EXEC", "EXEC", "1");
-    SelfAccelerators = ReadProfileBool("SELF ACCELERATORS", "ELEMENTS MENU");
-    UseLastMemories = ReadProfileBool("USE LAST MEMORIES", "MACRO");
-    ReadProfileText("LINEARITY ERROR", ScratchText, 80, "OTHER");
+    PrintAtEndExec = ReadProfileBool(kPrintAtEndExec, "1");
+    SelfAccelerators = ReadProfileBool(kSelfAccelerators);
+    UseLastMemories = ReadProfileBool(kUseLastMemories);
+    ReadProfileText(kLinearityErrDiameter, ScratchText, 80);
     LinearityErrDiameter = EqualsIgnoringAsciiCase(ToUpperAscii(ScratchText).c_str(), "DIAMETER");
-    ForceRef0 = ReadProfileBool("FORCE REF0", "SELF TEACHING");
-    GeoTolUseFormat = ReadProfileBool("USE FORMAT", "GEO TOLERANCE");
-    GeoTolElementCreation = ReadProfileBool("GEO TOL ELEMENT CREATION", "MACRO");
-    WaitAtEndExecution = ReadProfileBool("WAIT AT END EXECUTION", "EXEC");
-    ImmediateDataInputWindow = ReadProfileBool("IMMEDIATE DATA INPUT WINDOW", "EXEC PROCEDURE");
-    QuickAlignments = ReadProfileBool("QUICK ALIGNEMENTS", "OTHER");  // the file's spelling
-    ReadNameKeepingOnNone("Printer", "GraphOutput", ScratchText, GraphPrinter);
+    ForceRef0 = ReadProfileBool(kForceRef0);
+    GeoTolUseFormat = ReadProfileBool(kGeoTolUseFormat);
+    GeoTolElementCreation = ReadProfileBool(kGeoTolElementCreation);
+    WaitAtEndExecution = ReadProfileBool(kWaitAtEndExecution);
+    ImmediateDataInputWindow = ReadProfileBool(kImmediateDataInputWindow);
+    QuickAlignments = ReadProfileBool(kQuickAlignments);
+    ReadNameKeepingOnNone(kGraphPrinter, ScratchText, GraphPrinter);
     return true;
 }
 
 bool SystemSettings::Write() {
     MachineSettings::Write();
 
-    WriteProfileString("LANGUAGE", LanguageCode, "Wzelko");
-    WriteProfileBool("FENWIRE", FenWire, "TOOL");
-    WriteProfileBool("TP200", Tp200, "MEASUREPARAM");
+    WriteProfileString(kLanguageCode, LanguageCode);
+    WriteProfileBool(kFenWire, FenWire);
+    WriteProfileBool(kTp200, Tp200);
     std::snprintf(ScratchText, sizeof ScratchText, "%lf", DiaSferaCal);
-    WriteProfileText("DIASFERACAL", ScratchText, "SYSTEMPARAM");
-    WriteProfileString("QUALIFILENAME", QualiFileName, "SYSTEMPARAM");
-    WriteProfileString("REFSYSFILENAME", RefSysFileName, "SYSTEMPARAM");
-    WriteProfileString("MEMORYFILENAME", MemoryFileName, "SYSTEMPARAM");
-    WriteProfileUInt("AUTOSAVE", AutoSave, "SYSTEMPARAM");
-    WriteProfileBool("ZELKO DOS PP COMPATIBILITY", DosPpCompatibility, "SYSTEMPARAM");
+    WriteProfileText(kDiaSferaCal, ScratchText);
+    WriteProfileString(kQualiFileName, QualiFileName);
+    WriteProfileString(kRefSysFileName, RefSysFileName);
+    WriteProfileString(kMemoryFileName, MemoryFileName);
+    WriteProfileUInt(kAutoSave, AutoSave);
+    WriteProfileBool(kDosPpCompatibility, DosPpCompatibility);
     std::strcpy(ScratchText, TruePosErrDiameter ? "DIAMETER" : "RADIUS");
-    WriteProfileText("TRUEPOSERR", ScratchText, "OTHER");
-    WriteProfileBool("DOUBLEFORMERR", DoubleFormErr, "OTHER");
+    WriteProfileText(kTruePosErrDiameter, ScratchText);
+    WriteProfileBool(kDoubleFormErr, DoubleFormErr);
     // A mode other than 0 and 1 sets no text: the scratch text still holds the "DIAMETER"
     // or "RADIUS" just written, and that is what goes to the file, as it always has.
     if (Line3dCompens == 0) std::strcpy(ScratchText, "USING SELPL");
     if (Line3dCompens == 1) std::strcpy(ScratchText, "SHOULD MODE");
-    WriteProfileText("3D LINE COMPENS", ScratchText, "SYSTEMPARAM");
+    WriteProfileText(kLine3dCompens, ScratchText);
     std::snprintf(ScratchText, sizeof ScratchText, "%lf", ThresholdAngMiddleRel);
-    WriteProfileText("THRESHOLD ANG MIDDLE REL", ScratchText, "SYSTEMPARAM");
-    WriteProfileUInt("PRINT AT END EXEC", PrintAtEndExec ? 1u : 0u, "EXEC");
-    WriteProfileBool("SELF ACCELERATORS", SelfAccelerators, "ELEMENTS MENU");
-    WriteProfileBool("USE LAST MEMORIES", UseLastMemories, "MACRO");
-    WriteProfileText("LINEARITY ERROR", LinearityErrDiameter ? "DIAMETER" : "RADIUS", "OTHER");
-    WriteProfileBool("FORCE REF0", ForceRef0, "SELF TEACHING");
-    WriteProfileBool("USE FORMAT", GeoTolUseFormat, "GEO TOLERANCE");
-    WriteProfileBool("GEO TOL ELEMENT CREATION", GeoTolElementCreation, "MACRO");
-    WriteProfileBool("WAIT AT END EXECUTION", WaitAtEndExecution, "EXEC");
-    WriteProfileBool("IMMEDIATE DATA INPUT WINDOW", ImmediateDataInputWindow, "EXEC PROCEDURE");
-    WriteProfileBool("QUICK ALIGNEMENTS", QuickAlignments, "OTHER");
-    WriteProfileString("Printer", GraphPrinter, "GraphOutput");
+    WriteProfileText(kThresholdAngMiddleRel, ScratchText);
+    WriteProfileUInt(kPrintAtEndExec, PrintAtEndExec ? 1u : 0u);
+    WriteProfileBool(kSelfAccelerators, SelfAccelerators);
+    WriteProfileBool(kUseLastMemories, UseLastMemories);
+    WriteProfileText(kLinearityErrDiameter, LinearityErrDiameter ? "DIAMETER" : "RADIUS");
+    WriteProfileBool(kForceRef0, ForceRef0);
+    WriteProfileBool(kGeoTolUseFormat, GeoTolUseFormat);
+    WriteProfileBool(kGeoTolElementCreation, GeoTolElementCreation);
+    WriteProfileBool(kWaitAtEndExecution, WaitAtEndExecution);
+    WriteProfileBool(kImmediateDataInputWindow, ImmediateDataInputWindow);
+    WriteProfileBool(kQuickAlignments, QuickAlignments);
+    WriteProfileString(kGraphPrinter, GraphPrinter);
     return true;
 }
 

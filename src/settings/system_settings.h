@@ -6,6 +6,7 @@
 #include <string>
 
 #include "settings/machine_settings.h"
+#include "settings/system_schema.h"
 
 namespace wk {
 
@@ -19,30 +20,31 @@ public:
 
     explicit SystemSettings(const ControllerFlags& controllerFlags);
 
-    std::string LanguageCode;  // at most 19 characters read
-    bool FenWire = true;
-    bool Tp200 = false;
-    double DiaSferaCal = 15.073;  // calibration sphere diameter, mm
-    std::string QualiFileName = "QUALI.TIP";
-    std::string RefSysFileName = "REFSYS.REF";
-    std::string MemoryFileName = "MEMORY.MEM";
-    std::string GraphPrinter;
-    std::uint32_t AutoSave = 0;      // code 0-7
-    bool TruePosErrDiameter = true;  // false: radius
-    bool DoubleFormErr = true;
-    bool DosPpCompatibility = false;
-    std::uint32_t Line3dCompens = 0;  // 0 "USING SELPL", 1 "SHOULD MODE"
-    double ThresholdAngMiddleRel = 0.0;
-    bool PrintAtEndExec = false;
-    bool SelfAccelerators = false;
-    bool UseLastMemories = false;
-    bool LinearityErrDiameter = false;  // false: radius
-    bool ForceRef0 = false;
-    bool GeoTolUseFormat = false;
-    bool GeoTolElementCreation = false;
-    bool WaitAtEndExecution = true;
-    bool ImmediateDataInputWindow = true;
-    bool QuickAlignments = true;
+    // Each field starts with its key's default (system_schema.h).
+    std::string LanguageCode = kLanguageCode.Default;  // at most 19 characters read
+    bool FenWire = kFenWire.Default;
+    bool Tp200 = kTp200.Default;
+    double DiaSferaCal = kDiaSferaCal.Default;  // calibration sphere diameter, mm
+    std::string QualiFileName = kQualiFileName.Default;
+    std::string RefSysFileName = kRefSysFileName.Default;
+    std::string MemoryFileName = kMemoryFileName.Default;
+    std::string GraphPrinter = kGraphPrinter.Default;
+    std::uint32_t AutoSave = kAutoSave.Default;             // code 0-7
+    bool TruePosErrDiameter = kTruePosErrDiameter.Default;  // false: radius
+    bool DoubleFormErr = kDoubleFormErr.Default;
+    bool DosPpCompatibility = kDosPpCompatibility.Default;
+    std::uint32_t Line3dCompens = kLine3dCompens.Default;  // 0 "USING SELPL", 1 "SHOULD MODE"
+    double ThresholdAngMiddleRel = kThresholdAngMiddleRel.Default;
+    bool PrintAtEndExec = kPrintAtEndExec.Default;
+    bool SelfAccelerators = kSelfAccelerators.Default;
+    bool UseLastMemories = kUseLastMemories.Default;
+    bool LinearityErrDiameter = kLinearityErrDiameter.Default;  // false: radius
+    bool ForceRef0 = kForceRef0.Default;
+    bool GeoTolUseFormat = kGeoTolUseFormat.Default;
+    bool GeoTolElementCreation = kGeoTolElementCreation.Default;
+    bool WaitAtEndExecution = kWaitAtEndExecution.Default;
+    bool ImmediateDataInputWindow = kImmediateDataInputWindow.Default;
+    bool QuickAlignments = kQuickAlignments.Default;
     // The group's own copies of the two auto-save tables.
     std::array<std::uint32_t, 8> AutoSavePositionToCode = kListPositionToCode;
     std::array<std::uint32_t, 8> AutoSaveCodeToPosition = kCodeToListPosition;

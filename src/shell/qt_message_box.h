@@ -1,8 +1,9 @@
 #pragma once
 // Shows wk::MessageBoxA as a Qt message box.
 //
-// The owner passed to MessageBoxA by the window code is always a QWidget*; a null owner gives a
-// box without a parent, as the original's ownerless messages were.
+// The owner passed to MessageBoxA by the window code is always a QWidget*. A null owner gives a
+// box of its own, not tied to a window: the messages shown before any window is up (a language
+// library that cannot be read) need that.
 
 #include "platform/message_box.h"
 

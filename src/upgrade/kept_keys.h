@@ -2,7 +2,8 @@
 // The keys that an upgrade never carries from the saved files: they describe this
 // installation (its directories, whether the machine is simulated or driven by CNC, whether
 // a PH9 head is fitted, the controller type, the compensation method), not the user's
-// preferences, so the fresh file's value stays.
+// preferences, so the fresh file's value stays. The table names the settings groups' own
+// key declarations (settings/*_schema.h).
 
 #include <string>
 

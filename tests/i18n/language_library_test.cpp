@@ -217,5 +217,24 @@ TEST(ResourceFileRetryName, Puts32BeforeTheExtension) {
     EXPECT_EQ(ResourceFileRetryName("Kes32"), "Kes3232");
 }
 
+TEST_F(LanguageLibrary, NoneInCapitalsStandsForEngAndNoneInLowerCaseIsACodeOfItsOwn) {
+    EXPECT_EQ(LanguageCodeToLoad("NONE"), "ENG");
+    EXPECT_EQ(LanguageCodeToLoad("none"), "none");
+    EXPECT_EQ(LanguageCodeToLoad("None"), "None");
+    EXPECT_EQ(LanguageCodeToLoad("ITA"), "ITA");
+    EXPECT_EQ(LanguageCodeToLoad(""), "");
+}
+
+TEST_F(LanguageLibrary, StartUpLanguageIsTheLanguageKeyOfWzelkoWithNoneStandingForEng) {
+    WriteSettings("[Wzelko]\r\nLANGUAGE=NONE\r\n");
+    EXPECT_EQ(ReadStartUpLanguageCode(), "ENG");
+    WriteSettings("[WZELKO]\r\nLANGUAGE=ita\r\n");
+    EXPECT_EQ(ReadStartUpLanguageCode(), "ita");
+    WriteSettings("[WZELKO]\r\nSYSTEM_DIR=C:\\WZELKO\r\n");
+    EXPECT_EQ(ReadStartUpLanguageCode(), "");  // a missing key: the English fallback follows
+    WriteSettings("[WZELKO]\r\nLANGUAGE=" + std::string(100, 'x') + "\r\n");
+    EXPECT_EQ(ReadStartUpLanguageCode(), std::string(79, 'x'));
+}
+
 }  // namespace
 }  // namespace wk::test

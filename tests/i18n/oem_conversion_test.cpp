@@ -2,7 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdio>
 #include <cstdlib>
+#include <fstream>
+#include <sstream>
 #include <string>
 
 namespace wk::test {
@@ -57,6 +60,43 @@ TEST_F(OemConversion, EnvironmentSelectsAnotherOemCodePage) {
 TEST_F(OemConversion, UnknownCodePageKeepsTheDefault) {
     setenv("WKESTEL_OEM_CODEPAGE", "no-such-code-page", 1);
     EXPECT_EQ(Convert("\x82"), "\xe9");
+}
+
+// All 256 bytes, in the form of the shared tables that the Windows build's conversion (by
+// Windows itself) is checked against under Wine: both platforms convert alike.
+std::string TableOfEveryByte() {
+    char bytes[256];
+    for (int b = 0; b < 256; ++b) bytes[b] = static_cast<char>(b);
+    EXPECT_TRUE(OemToCharBuffA(bytes, bytes, sizeof bytes));
+    std::string table;
+    for (int row = 0; row < 16; ++row) {
+        char line[8];
+        std::snprintf(line, sizeof line, "%02X:", row * 16);
+        table += line;
+        for (int column = 0; column < 16; ++column) {
+            std::snprintf(line, sizeof line, " %02X",
+                          static_cast<unsigned char>(bytes[row * 16 + column]));
+            table += line;
+        }
+        table += '\n';
+    }
+    return table;
+}
+
+std::string SharedTable(const char* codePage) {
+    std::ifstream in(std::string(WKESTEL_OEM_TABLE_DIR) + "/" + codePage + ".txt");
+    std::ostringstream text;
+    text << in.rdbuf();
+    return text.str();
+}
+
+TEST_F(OemConversion, EveryByteOfCodePage850ConvertsAsTheSharedTableSays) {
+    EXPECT_EQ(TableOfEveryByte(), SharedTable("850"));
+}
+
+TEST_F(OemConversion, EveryByteOfCodePage437ConvertsAsTheSharedTableSays) {
+    setenv("WKESTEL_OEM_CODEPAGE", "437", 1);
+    EXPECT_EQ(TableOfEveryByte(), SharedTable("437"));
 }
 
 TEST_F(OemConversion, NullBuffersFailUnlessNothingToDo) {

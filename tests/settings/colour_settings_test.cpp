@@ -23,6 +23,16 @@ TEST_F(ColourSettingsTest, ConstructorMakesTwentySixListedWhiteWindowsAndFourSpa
     }
 }
 
+TEST_F(ColourSettingsTest, AnyWindowListedIsFalseOnlyWhenNoEntryIsListed) {
+    File("");
+    ColourSettings colours;
+    EXPECT_TRUE(colours.AnyWindowListed());
+    for (ColourEntry& entry : colours.ColourTable) entry.Listed = false;
+    EXPECT_FALSE(colours.AnyWindowListed());
+    colours.ColourTable[29].Listed = true;  // a spare entry counts too
+    EXPECT_TRUE(colours.AnyWindowListed());
+}
+
 TEST_F(ColourSettingsTest, EmptySectionStillListsAll26WindowsWithBlue255Throughout) {
     File(Crlf({"[WINDOWS BACKGROUND]"}));
     auto record = ReadRecord();

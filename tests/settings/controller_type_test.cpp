@@ -39,6 +39,15 @@ TEST(ControllerType, RmdAndKptAreTheTwoThatAcceptTcpip) {
     EXPECT_FALSE(kpt.IsQd32OrRmd);
 }
 
+TEST(ControllerType, RmdTqQ5AndVek3InAnyCaseHaveControllerOptions) {
+    for (const char* type : {"RMD", "rmd", "Tq", "TQ", "Q5", "q5", "Vek3", "VEK3"}) {
+        EXPECT_TRUE(ControllerFlagsFromType(type).HasControllerOptions()) << type;
+    }
+    for (const char* type : {"qd32", "KPT", "", "QEN", "RMDX"}) {
+        EXPECT_FALSE(ControllerFlagsFromType(type).HasControllerOptions()) << type;
+    }
+}
+
 TEST(ControllerType, MissingTypeKeyGivesAnEmptyTypeAndNoFlag) {
     SettingsTestPrefix prefix;
     prefix.WriteFile("WZELKO.INI", Crlf({"[Controller]", "Button1=1"}));

@@ -22,7 +22,7 @@ TEST_F(DefaultPointsSettingsTest,
     for (std::size_t i = 0; i < 12; ++i) EXPECT_EQ(record->CurrentPoints[i].Count, expected[i]);
     record->WriteAll();
     for (std::size_t i = 0; i < 12; ++i) {
-        EXPECT_EQ(ValueIn(kWzelkoIni, "DEFAULT PTS", DefaultPointsSettings::kElementKeys[i]),
+        EXPECT_EQ(ValueIn(kWzelkoIni, "DEFAULT PTS", kDefaultPointsKeys[i].Key),
                   std::to_string(expected[i]));
     }
     const std::string file = prefix.ReadFile("WZELKO.INI");

@@ -10,43 +10,27 @@
 #include <QToolButton>
 
 #include "i18n/resgenstring.h"
+#include "page_test_fixture.h"
 #include "platform/text_codec.h"
 #include "settings/setup_settings.h"
 #include "shell/kestel_main_wind.h"
-#include "shell/kestel_page.h"
-#include "ui_test_support.h"
 #include "widgets/page_control.h"
 
 namespace wk {
 namespace {
 
-using test::IniValue;
-using test::MessageScript;
 using test::SettingsFile;
-using test::StartWindow;
-using test::TempWinePrefix;
-using test::WorkingDir;
 
-class AxesConvPage : public ::testing::Test {
+class AxesConvPage : public test::PageTest {
 protected:
-    void Start(const std::string& extraSections) {
-        prefix_.WriteWindowsFile("WZELKO.INI", SettingsFile(extraSections));
-        original_ = prefix_.ReadWindowsFile("WZELKO.INI");
-        window_ = StartWindow(script_);
-        ASSERT_TRUE(window_->Ready());
-        script_.Clear();
-        page_ = window_->Page("AxesConvTabSheet");
+    void StartAxes(const std::string& extraSections) {
+        Start(SettingsFile(extraSections));
+        page_ = Page("AxesConvTabSheet");
         ASSERT_NE(page_, nullptr);
     }
-    QToolButton* Qen() const {
-        return window_->findChild<QToolButton*>(QStringLiteral("pGB_QenAxes"));
-    }
-    QToolButton* Standard() const {
-        return window_->findChild<QToolButton*>(QStringLiteral("pGB_KVAxes"));
-    }
-    QLabel* Picture(const char* name) const {
-        return window_->findChild<QLabel*>(QString::fromLatin1(name));
-    }
+    QToolButton* Qen() const { return Find<QToolButton>("pGB_QenAxes"); }
+    QToolButton* Standard() const { return Find<QToolButton>("pGB_KVAxes"); }
+    QLabel* Picture(const char* name) const { return Label(name); }
     // Whether the button's glyph is the picture of the hidden image `name`.
     bool Shows(QToolButton* button, const char* name) const {
         const QPixmap picture = Picture(name)->pixmap();
@@ -59,19 +43,8 @@ protected:
     void SwitchToPage() const {
         window_->PageCtl()->TabBar()->setCurrentIndex(window_->PageCtl()->IndexOf(page_));
     }
-    void Save() const { window_->KestelFile_SaveClick(); }
-    std::string SavedGui() const {
-        return IniValue(prefix_.ReadWindowsFile("WZELKO.INI"), "SYSTEMPARAM", "GUI");
-    }
-    static QString Language(int id) {
-        return QString::fromStdString(platform::AnsiToUtf8(GetLanguageString(id, 200)));
-    }
+    std::string SavedGui() const { return Saved("SYSTEMPARAM", "GUI"); }
 
-    TempWinePrefix prefix_;
-    WorkingDir cwd_{WorkingDir::Kind::LanguageLibraries};
-    MessageScript script_;
-    std::string original_;
-    std::unique_ptr<TKestelMainWind> window_;
     KestelPage* page_ = nullptr;
 };
 
@@ -79,7 +52,7 @@ const char* const kQen = "[SYSTEMPARAM]\r\nGUI=QEN\r\n";
 const char* const kStandard = "[SYSTEMPARAM]\r\nGUI=STANDARD\r\n";
 
 TEST_F(AxesConvPage, ControlsCarryTheirNamesAndThePicturesAreHidden) {
-    Start(kQen);
+    StartAxes(kQen);
     ASSERT_NE(Qen(), nullptr);
     ASSERT_NE(Standard(), nullptr);
     for (QToolButton* button : {Qen(), Standard()}) {
@@ -99,14 +72,14 @@ TEST_F(AxesConvPage, ControlsCarryTheirNamesAndThePicturesAreHidden) {
 }
 
 TEST_F(AxesConvPage, CaptionAndHintsComeFromTheLanguageStrings) {
-    Start(kQen);
+    StartAxes(kQen);
     EXPECT_EQ(window_->PageCtl()->SheetCaption(page_), Language(19));
     EXPECT_EQ(Qen()->toolTip(), Language(39));
     EXPECT_EQ(Standard()->toolTip(), Language(40));
 }
 
 TEST_F(AxesConvPage, MenuEntryIsEnabledAndShowsThePage) {
-    Start(kQen);
+    StartAxes(kQen);
     auto* entry = window_->findChild<QAction*>(QStringLiteral("KestelOther_AxesConvention"));
     ASSERT_TRUE(entry->isEnabled());
     entry->trigger();
@@ -115,119 +88,119 @@ TEST_F(AxesConvPage, MenuEntryIsEnabledAndShowsThePage) {
 }
 
 TEST_F(AxesConvPage, QenInTheFileShowsTheQenButtonOn) {
-    Start(kQen);
+    StartAxes(kQen);
     EXPECT_TRUE(QenOn());
     EXPECT_FALSE(StandardOn());
 }
 
 TEST_F(AxesConvPage, StandardInTheFileShowsTheStandardButtonOn) {
-    Start(kStandard);
+    StartAxes(kStandard);
     EXPECT_TRUE(StandardOn());
     EXPECT_FALSE(QenOn());
 }
 
 TEST_F(AxesConvPage, NoGuiKeyShowsTheQenButtonOnAndTheNextSaveWritesQen) {
-    Start("[SYSTEMPARAM]\r\nCALIB=1\r\n");
+    StartAxes("[SYSTEMPARAM]\r\nCALIB=1\r\n");
     EXPECT_TRUE(QenOn());
     // Something changes elsewhere in the record, so that Save writes.
-    window_->Settings()->SetColour(0, 1, 2, 3);
-    window_->Settings()->Modified = true;
+    Record().SetColour(0, 1, 2, 3);
+    Record().Modified = true;
     Save();
     EXPECT_EQ(SavedGui(), "QEN");
 }
 
 TEST_F(AxesConvPage, LowerCaseStandardSelectsTheStandardConventionAndIsWrittenBackAsSTANDARD) {
-    Start("[SYSTEMPARAM]\r\nGUI=standard\r\n");
+    StartAxes("[SYSTEMPARAM]\r\nGUI=standard\r\n");
     EXPECT_TRUE(StandardOn());
-    EXPECT_FALSE(window_->Settings()->QenAxesConvention);
-    window_->Settings()->SetColour(0, 1, 2, 3);
-    window_->Settings()->Modified = true;
+    EXPECT_FALSE(Record().QenAxesConvention);
+    Record().SetColour(0, 1, 2, 3);
+    Record().Modified = true;
     Save();
     EXPECT_EQ(SavedGui(), "STANDARD");
 }
 
 TEST_F(AxesConvPage, ClickingTheStandardConventionThenSaveWritesSTANDARD) {
-    Start(kQen);
+    StartAxes(kQen);
     SwitchToPage();
     Standard()->click();
     EXPECT_TRUE(StandardOn());
-    EXPECT_FALSE(window_->Settings()->QenAxesConvention);
-    EXPECT_TRUE(window_->Settings()->Modified);
+    EXPECT_FALSE(Record().QenAxesConvention);
+    EXPECT_TRUE(Record().Modified);
     Save();
     EXPECT_EQ(SavedGui(), "STANDARD");
-    EXPECT_TRUE(test::Exists(prefix_, "WZELKO.BAK"));
+    EXPECT_TRUE(Exists("WZELKO.BAK"));
 }
 
 TEST_F(AxesConvPage, ClickingTheQenConventionThenSaveWritesQen) {
-    Start(kStandard);
+    StartAxes(kStandard);
     SwitchToPage();
     Qen()->click();
     EXPECT_TRUE(QenOn());
-    EXPECT_TRUE(window_->Settings()->QenAxesConvention);
+    EXPECT_TRUE(Record().QenAxesConvention);
     Save();
     EXPECT_EQ(SavedGui(), "QEN");
 }
 
 TEST_F(AxesConvPage, ClickingTheChosenConventionDoesNothingAndDoesNotSetModified) {
-    Start(kQen);
+    StartAxes(kQen);
     SwitchToPage();
     Qen()->click();
     EXPECT_TRUE(QenOn());
-    EXPECT_FALSE(window_->Settings()->Modified);
+    EXPECT_FALSE(Record().Modified);
     Save();
-    EXPECT_EQ(prefix_.ReadWindowsFile("WZELKO.INI"), original_);
+    EXPECT_EQ(Bytes(), original_);
 }
 
 TEST_F(AxesConvPage, ClickingTheChosenStandardConventionDoesNothing) {
-    Start(kStandard);
+    StartAxes(kStandard);
     SwitchToPage();
     Standard()->click();
     EXPECT_TRUE(StandardOn());
-    EXPECT_FALSE(window_->Settings()->Modified);
+    EXPECT_FALSE(Record().Modified);
 }
 
 TEST_F(AxesConvPage, SwitchingToTheSheetShowsTheRecordAgain) {
-    Start(kQen);
-    window_->Settings()->QenAxesConvention = false;  // as a re-read of the files might
+    StartAxes(kQen);
+    Record().QenAxesConvention = false;  // as a re-read of the files might
     SwitchToPage();
     ASSERT_EQ(window_->PageCtl()->ActivePage(), page_);
     EXPECT_TRUE(StandardOn());
 }
 
 TEST_F(AxesConvPage, EnteringTheSheetDoesNotShowTheRecordAgain) {
-    Start(kQen);
+    StartAxes(kQen);
     window_->PageCtl()->SetActivePage(page_);  // no change event
     window_->findChild<QPushButton*>(QStringLiteral("pOK"))->setFocus(Qt::MouseFocusReason);
-    window_->Settings()->QenAxesConvention = false;
+    Record().QenAxesConvention = false;
     Standard()->setFocus(Qt::TabFocusReason);
     ASSERT_TRUE(Standard()->hasFocus());
     EXPECT_TRUE(QenOn());
 }
 
 TEST_F(AxesConvPage, OkOnTheAxesPageDoesNothing) {
-    Start(kQen);
+    StartAxes(kQen);
     SwitchToPage();
-    window_->Settings()->QenAxesConvention = false;
+    Record().QenAxesConvention = false;
     window_->pOKClick();
     EXPECT_TRUE(QenOn());  // not shown again
-    EXPECT_FALSE(window_->Settings()->Modified);
-    EXPECT_EQ(prefix_.ReadWindowsFile("WZELKO.INI"), original_);
+    EXPECT_FALSE(Record().Modified);
+    EXPECT_EQ(Bytes(), original_);
 }
 
 TEST_F(AxesConvPage, LeavingAfterAClickAsksAndAnsweringNoShowsTheFilesConventionAgain) {
-    Start(kQen);
+    StartAxes(kQen);
     SwitchToPage();
     Standard()->click();
     script_.Answer(IDNO);
     window_->findChild<QAction*>(QStringLiteral("KestelGenConf_MecOff"))->trigger();
     EXPECT_EQ(script_.Count(), 1);
-    EXPECT_TRUE(window_->Settings()->QenAxesConvention);
+    EXPECT_TRUE(Record().QenAxesConvention);
     EXPECT_TRUE(QenOn());
-    EXPECT_EQ(prefix_.ReadWindowsFile("WZELKO.INI"), original_);
+    EXPECT_EQ(Bytes(), original_);
 }
 
 TEST_F(AxesConvPage, LeavingAfterAClickAndAnsweringYesWritesTheConvention) {
-    Start(kQen);
+    StartAxes(kQen);
     SwitchToPage();
     Standard()->click();
     script_.Answer(IDYES);

@@ -11,50 +11,33 @@
 #include <QTabBar>
 #include <QTest>
 #include <QTimer>
+#include <cstdlib>
 #include <filesystem>
 
 #include "i18n/resgenstring.h"
+#include "page_test_fixture.h"
 #include "settings/setup_settings.h"
 #include "shell/kestel_main_wind.h"
-#include "ui_test_support.h"
+#include "support/file_bytes.h"
+#include "widgets/dialog_answers.h"
 #include "widgets/page_control.h"
 
 namespace wk {
 namespace {
 
-using test::IniValue;
-using test::MessageScript;
 using test::PressTab;
 using test::SettingsFile;
-using test::StartWindow;
-using test::TempWinePrefix;
 using test::TypeInto;
-using test::WorkingDir;
 
 const char* const kOffsets =
     "[MACHINEPARAM]\r\nBRIDGE AXIS STROKE=1200.000000\r\n\r\n"
     "[MECHAOFFS]\r\noffx=0.000000\r\noffy=152.500000\r\noffz=-310.250000\r\ncompensoff=0."
     "000000\r\n";
 
-class Frame : public ::testing::Test {
+class Frame : public test::PageTest {
 protected:
-    void SetUp() override {
-        prefix_.WriteWindowsFile("WZELKO.INI", SettingsFile(kOffsets));
-        original_ = prefix_.ReadWindowsFile("WZELKO.INI");
-        window_ = StartWindow(script_);
-        ASSERT_TRUE(window_->Ready());
-        script_.Clear();
-    }
+    void SetUp() override { Start(SettingsFile(kOffsets)); }
 
-    QLineEdit* Edit(const char* name) const {
-        return window_->findChild<QLineEdit*>(QString::fromLatin1(name));
-    }
-    QAction* Action(const char* name) const {
-        return window_->findChild<QAction*>(QString::fromLatin1(name));
-    }
-    std::string Saved(const char* section, const char* key) const {
-        return IniValue(prefix_.ReadWindowsFile("WZELKO.INI"), section, key);
-    }
     bool AskedToSave(std::size_t index = 0) const {
         if (index >= script_.Shown().size()) {
             return false;
@@ -63,19 +46,13 @@ protected:
         return r.text == GetLanguageString(41, 200) && r.caption == GetLanguageString(42, 200) &&
                r.type == (MB_YESNOCANCEL | MB_ICONQUESTION);
     }
-
-    TempWinePrefix prefix_;
-    WorkingDir cwd_{WorkingDir::Kind::LanguageLibraries};
-    MessageScript script_;
-    std::string original_;
-    std::unique_ptr<TKestelMainWind> window_;
 };
 
 TEST_F(Frame, SaveWithNoChangeWritesNothingAndMakesNoBackup) {
-    Action("KestelFile_Save")->trigger();
+    Save();
     EXPECT_EQ(script_.Count(), 0);
-    EXPECT_EQ(prefix_.ReadWindowsFile("WZELKO.INI"), original_);
-    EXPECT_FALSE(test::Exists(prefix_, "WZELKO.BAK"));
+    EXPECT_EQ(Bytes(), original_);
+    EXPECT_FALSE(Exists("WZELKO.BAK"));
 }
 
 TEST_F(Frame, Typing1250AndLeavingShows125AndSaveWritesSixDecimals) {
@@ -84,22 +61,22 @@ TEST_F(Frame, Typing1250AndLeavingShows125AndSaveWritesSixDecimals) {
     PressTab(x);
     EXPECT_EQ(x->text(), QStringLiteral("12.5"));
     EXPECT_FALSE(x->isModified());
-    EXPECT_DOUBLE_EQ(window_->Settings()->OffsetX, 12.5);
-    EXPECT_TRUE(window_->Settings()->Modified);
+    EXPECT_DOUBLE_EQ(Record().OffsetX, 12.5);
+    EXPECT_TRUE(Record().Modified);
     // Leaving the field stores into the record only; the files wait for Save.
-    EXPECT_EQ(prefix_.ReadWindowsFile("WZELKO.INI"), original_);
+    EXPECT_EQ(Bytes(), original_);
 
-    Action("KestelFile_Save")->trigger();
+    Save();
     EXPECT_EQ(script_.Count(), 0);  // Save does not ask
     EXPECT_EQ(Saved("MECHAOFFS", "offx"), "12.500000");
-    EXPECT_TRUE(test::Exists(prefix_, "WZELKO.BAK"));
-    EXPECT_FALSE(window_->Settings()->Modified);
+    EXPECT_TRUE(Exists("WZELKO.BAK"));
+    EXPECT_FALSE(Record().Modified);
 }
 
 TEST_F(Frame, SaveCommitsTheEditInProgressFirst) {
     QLineEdit* z = Edit("pSLE_OffsetZ");
     TypeInto(z, QStringLiteral("-5"));
-    Action("KestelFile_Save")->trigger();
+    Save();
     EXPECT_EQ(Saved("MECHAOFFS", "offz"), "-5.000000");
     EXPECT_EQ(z->text(), QStringLiteral("-5"));
 }
@@ -111,11 +88,11 @@ TEST_F(Frame, TextThatIsNotANumberShowsTheConversionMessageAndKeepsTheOldValue) 
     ASSERT_EQ(script_.Count(), 1);
     EXPECT_EQ(script_.Shown()[0].text, "'abc' is not a valid floating point value");
     EXPECT_EQ(script_.Shown()[0].type & 0xF0u, MB_ICONSTOP);
-    EXPECT_DOUBLE_EQ(window_->Settings()->OffsetY, 152.5);
-    EXPECT_FALSE(window_->Settings()->Modified);
+    EXPECT_DOUBLE_EQ(Record().OffsetY, 152.5);
+    EXPECT_FALSE(Record().Modified);
     // The program goes on; Save finds nothing changed, and reports the text once more.
-    Action("KestelFile_Save")->trigger();
-    EXPECT_EQ(prefix_.ReadWindowsFile("WZELKO.INI"), original_);
+    Save();
+    EXPECT_EQ(Bytes(), original_);
 }
 
 TEST_F(Frame, EscapeInAChangedEditRestoresTheValueFromTheRecord) {
@@ -124,8 +101,8 @@ TEST_F(Frame, EscapeInAChangedEditRestoresTheValueFromTheRecord) {
     QTest::keyClick(y, Qt::Key_Escape);
     EXPECT_EQ(y->text(), QStringLiteral("152.5"));
     EXPECT_FALSE(y->isModified());
-    EXPECT_DOUBLE_EQ(window_->Settings()->OffsetY, 152.5);
-    EXPECT_FALSE(window_->Settings()->Modified);
+    EXPECT_DOUBLE_EQ(Record().OffsetY, 152.5);
+    EXPECT_FALSE(Record().Modified);
     EXPECT_EQ(script_.Count(), 0);
 }
 
@@ -135,10 +112,10 @@ TEST_F(Frame, EnterInAChangedEditCommitsItWithoutWritingTheFiles) {
     QTest::keyClick(y, Qt::Key_Return);
     EXPECT_EQ(y->text(), QStringLiteral("77"));
     EXPECT_TRUE(y->hasFocus());
-    EXPECT_DOUBLE_EQ(window_->Settings()->OffsetY, 77.0);
-    EXPECT_TRUE(window_->Settings()->Modified);
-    EXPECT_EQ(prefix_.ReadWindowsFile("WZELKO.INI"), original_);
-    EXPECT_FALSE(test::Exists(prefix_, "WZELKO.BAK"));
+    EXPECT_DOUBLE_EQ(Record().OffsetY, 77.0);
+    EXPECT_TRUE(Record().Modified);
+    EXPECT_EQ(Bytes(), original_);
+    EXPECT_FALSE(Exists("WZELKO.BAK"));
     EXPECT_EQ(script_.Count(), 0);
 }
 
@@ -151,7 +128,7 @@ TEST_F(Frame, CancelDropsOnlyTheEditInProgress) {
     window_->findChild<QPushButton*>(QStringLiteral("pCancel"))->click();
     EXPECT_EQ(y->text(), QStringLiteral("152.5"));
     EXPECT_EQ(x->text(), QStringLiteral("4"));
-    EXPECT_DOUBLE_EQ(window_->Settings()->OffsetX, 4.0);
+    EXPECT_DOUBLE_EQ(Record().OffsetX, 4.0);
 }
 
 TEST_F(Frame, ClosingWithAChangeAndAnsweringCancelKeepsTheWindowAndTheEdit) {
@@ -163,8 +140,8 @@ TEST_F(Frame, ClosingWithAChangeAndAnsweringCancelKeepsTheWindowAndTheEdit) {
     EXPECT_TRUE(AskedToSave());
     EXPECT_TRUE(window_->isVisible());
     EXPECT_EQ(x->text(), QStringLiteral("7"));
-    EXPECT_DOUBLE_EQ(window_->Settings()->OffsetX, 7.0);
-    EXPECT_EQ(prefix_.ReadWindowsFile("WZELKO.INI"), original_);
+    EXPECT_DOUBLE_EQ(Record().OffsetX, 7.0);
+    EXPECT_EQ(Bytes(), original_);
 }
 
 TEST_F(Frame, ClosingWithAChangeAndAnsweringNoReReadsTheFiles) {
@@ -174,10 +151,10 @@ TEST_F(Frame, ClosingWithAChangeAndAnsweringNoReReadsTheFiles) {
     script_.Answer(IDNO);
     EXPECT_TRUE(window_->close());
     EXPECT_TRUE(AskedToSave());
-    EXPECT_DOUBLE_EQ(window_->Settings()->OffsetX, 0.0);
-    EXPECT_FALSE(window_->Settings()->Modified);
+    EXPECT_DOUBLE_EQ(Record().OffsetX, 0.0);
+    EXPECT_FALSE(Record().Modified);
     EXPECT_EQ(x->text(), QStringLiteral("0"));
-    EXPECT_EQ(prefix_.ReadWindowsFile("WZELKO.INI"), original_);
+    EXPECT_EQ(Bytes(), original_);
 }
 
 TEST_F(Frame, ClosingWithAChangeAndAnsweringYesWritesTheFiles) {
@@ -186,7 +163,7 @@ TEST_F(Frame, ClosingWithAChangeAndAnsweringYesWritesTheFiles) {
     script_.Answer(IDYES);
     EXPECT_TRUE(window_->close());
     EXPECT_EQ(Saved("MECHAOFFS", "offx"), "7.000000");
-    EXPECT_TRUE(test::Exists(prefix_, "WZELKO.BAK"));
+    EXPECT_TRUE(Exists("WZELKO.BAK"));
 }
 
 TEST_F(Frame, ExitAsksAndEndsTheProgramUnlessCancelled) {
@@ -224,7 +201,7 @@ TEST_F(Frame, ChoosingTheMenuEntryOfThePageAlreadyShownStillAsks) {
 TEST_F(Frame, TypingAndClickingAnotherTabStoresTheEditFirstSoTheQuestionAppears) {
     QLineEdit* x = Edit("pSLE_OffsetX");
     TypeInto(x, QStringLiteral("4.5"));
-    ASSERT_FALSE(window_->Settings()->Modified);
+    ASSERT_FALSE(Record().Modified);
     QTabBar* tabs = window_->PageCtl()->TabBar();
     QWidget* colours = window_->findChild<QWidget*>(QStringLiteral("WinColorTabSheet"));
     ASSERT_NE(colours, nullptr);
@@ -234,11 +211,11 @@ TEST_F(Frame, TypingAndClickingAnotherTabStoresTheEditFirstSoTheQuestionAppears)
     QTest::mouseClick(tabs, Qt::LeftButton, {}, tabs->tabRect(colourTab).center());
     ASSERT_EQ(script_.Count(), 1);
     EXPECT_TRUE(AskedToSave());
-    EXPECT_DOUBLE_EQ(window_->Settings()->OffsetX, 4.5);
-    EXPECT_TRUE(window_->Settings()->Modified);
+    EXPECT_DOUBLE_EQ(Record().OffsetX, 4.5);
+    EXPECT_TRUE(Record().Modified);
     EXPECT_EQ(window_->PageCtl()->ActivePage()->objectName(), QStringLiteral("MecOffTabSheet"));
     EXPECT_EQ(x->text(), QStringLiteral("4.5"));
-    EXPECT_EQ(prefix_.ReadWindowsFile("WZELKO.INI"), original_);
+    EXPECT_EQ(Bytes(), original_);
 }
 
 TEST_F(Frame, AnsweringNoOnLeavingAPageReloadsTheFilesAndRefreshesThePage) {
@@ -252,15 +229,15 @@ TEST_F(Frame, AnsweringNoOnLeavingAPageReloadsTheFilesAndRefreshesThePage) {
     EXPECT_EQ(script_.Count(), 1);
     EXPECT_EQ(x->text(), QStringLiteral("0"));
     EXPECT_EQ(y->text(), QStringLiteral("152.5"));
-    EXPECT_FALSE(window_->Settings()->Modified);
+    EXPECT_FALSE(Record().Modified);
 }
 
 TEST_F(Frame, OkCommitsTheEditAndNeverWrites) {
     QLineEdit* x = Edit("pSLE_OffsetX");
     TypeInto(x, QStringLiteral("3.25"));
     window_->pOKClick();
-    EXPECT_DOUBLE_EQ(window_->Settings()->OffsetX, 3.25);
-    EXPECT_EQ(prefix_.ReadWindowsFile("WZELKO.INI"), original_);
+    EXPECT_DOUBLE_EQ(Record().OffsetX, 3.25);
+    EXPECT_EQ(Bytes(), original_);
     EXPECT_EQ(script_.Count(), 0);
 }
 
@@ -269,12 +246,73 @@ TEST_F(Frame, DestroyingTheWindowRunsNoExitHandler) {
     TypeInto(x, QStringLiteral("abc"));  // its exit handler would report the text
     window_.reset();
     EXPECT_EQ(script_.Count(), 0);
-    EXPECT_EQ(prefix_.ReadWindowsFile("WZELKO.INI"), original_);
+    EXPECT_EQ(Bytes(), original_);
 }
 
-TEST_F(Frame, HelpContextIsThatOfTheActivePage) {
+// A `wine` of the test's own, first on PATH, that records how the help viewer was started.
+class RecordingHelpViewer {
+public:
+    explicit RecordingHelpViewer(const std::filesystem::path& dir) : dir_(dir) {
+        const char* path = std::getenv("PATH");
+        savedPath_ = path ? path : "";
+        std::filesystem::create_directories(dir_ / "bin");
+        const std::filesystem::path wine = dir_ / "bin" / "wine";
+        const std::string record = Record().string();
+        test::WriteFileBytes(wine, "#!/bin/sh\nfor a in \"$@\"; do printf '%s\\n' \"$a\"; done > " +
+                                       record + ".tmp\n/bin/mv " + record + ".tmp " + record +
+                                       "\n");
+        std::filesystem::permissions(wine, std::filesystem::perms::owner_all);
+        setenv("PATH", (dir_ / "bin").c_str(), 1);
+    }
+    ~RecordingHelpViewer() { setenv("PATH", savedPath_.c_str(), 1); }
+
+    // The words the viewer was started with, one a line, once it has run; the record is then
+    // taken away for the next call.
+    std::string Args() const {
+        for (int i = 0; i < 500 && !std::filesystem::exists(Record()); ++i) {
+            QTest::qWait(10);
+        }
+        if (!std::filesystem::exists(Record())) return std::string();
+        std::string args = test::ReadFileBytes(Record());
+        std::filesystem::remove(Record());
+        return args;
+    }
+
+private:
+    std::filesystem::path Record() const { return dir_ / "help-args"; }
+
+    std::filesystem::path dir_;
+    std::string savedPath_;
+};
+
+// The help file of the language, beside a copy of the language libraries.
+class FrameHelp : public test::PageTest {
+protected:
+    FrameHelp() {
+        std::filesystem::create_directories(helpCwd_.Path() / "Help");
+        test::WriteFileBytes(helpCwd_.Path() / "Help" / "MarvaneEng.hlp", "help");
+    }
+    test::WorkingDir helpCwd_{test::WorkingDir::Kind::CopyOfLanguageLibraries};
+    RecordingHelpViewer viewer_{helpCwd_.Path()};
+};
+
+bool StartsWith(const std::string& text, const std::string& start) {
+    return text.compare(0, start.size(), start) == 0;
+}
+
+TEST_F(FrameHelp, HelpContextIsThatOfTheActivePage) {
+    Start(SettingsFile(kOffsets));
     EXPECT_EQ(window_->HelpContextOfPage(), 21);
-    Action("KestelHelp_Index")->trigger();  // no help viewer here: nothing to see, no message
+    Action("KestelHelp_Index")->trigger();
+    const std::string args = viewer_.Args();
+    EXPECT_TRUE(StartsWith(args, "winhlp32\n-n\n21\n")) << args;
+    EXPECT_NE(args.find("MarvaneEng.hlp\n"), std::string::npos) << args;
+
+    Action("KestelOther_WindowsColor")->trigger();
+    EXPECT_EQ(window_->HelpContextOfPage(), 28);
+    Action("KestelHelp_Index")->trigger();
+    const std::string colours = viewer_.Args();
+    EXPECT_TRUE(StartsWith(colours, "winhlp32\n-n\n28\n")) << colours;
     EXPECT_EQ(script_.Count(), 0);
 }
 
@@ -295,36 +333,28 @@ TEST_F(Frame, AboutEntryShowsTheAboutBoxModally) {
 }
 
 TEST_F(Frame, BrowseForFileShowsTheMeasuringApplicationsPaths) {
-    const auto dir = prefix_.Root() / "drive_c" / "WZELKO" / "SOUNDS";
+    const auto dir = prefix_.DriveC() / "WZELKO" / "SOUNDS";
     std::filesystem::create_directories(dir);
-    prefix_.WriteWindowsFile("../../drive_c/WZELKO/SOUNDS/beep.wav", "RIFF");
+    test::WriteFileBytes(dir / "beep.wav", "RIFF");
+    AnswerFileOpen(dir / "beep.wav");
 
-    QString shownDir;
-    QStringList filters;
-    QTimer::singleShot(0, [&] {
-        auto* dialog = window_->findChild<QFileDialog*>(QStringLiteral("OpenFileDialog"));
-        ASSERT_NE(dialog, nullptr);
-        shownDir = dialog->directory().absolutePath();
-        filters = dialog->nameFilters();
-        dialog->selectFile(QString::fromStdString((dir / "beep.wav").string()));
-        QMetaObject::invokeMethod(dialog, "accept");
-    });
     std::string path = "unchanged";
     EXPECT_TRUE(window_->BrowseForFile(path, "C:\\WZELKO\\SOUNDS", "wav", "Wave files"));
     EXPECT_EQ(path, "C:\\WZELKO\\SOUNDS\\beep.wav");
-    EXPECT_EQ(std::filesystem::path(shownDir.toStdString()), std::filesystem::canonical(dir));
-    EXPECT_EQ(filters, QStringList{QStringLiteral("Wave files (*.wav)")});
+    auto* dialog = Find<QFileDialog>("OpenFileDialog");
+    ASSERT_NE(dialog, nullptr);
+    EXPECT_EQ(std::filesystem::path(dialog->directory().absolutePath().toStdString()),
+              std::filesystem::canonical(dir));
+    EXPECT_EQ(dialog->nameFilters(), QStringList{QStringLiteral("Wave files (*.wav)")});
+    EXPECT_EQ(FileOpenAnswers().Runs(), 1);
 }
 
 TEST_F(Frame, BrowseForFileCancelledLeavesThePathUnchanged) {
-    QTimer::singleShot(0, [&] {
-        auto* dialog = window_->findChild<QFileDialog*>(QStringLiteral("OpenFileDialog"));
-        ASSERT_NE(dialog, nullptr);
-        dialog->reject();
-    });
+    CancelFileOpen();
     std::string path = "C:\\KEEP.BIN";
     EXPECT_FALSE(window_->BrowseForFile(path, "C:\\", "bin", "Compensation"));
     EXPECT_EQ(path, "C:\\KEEP.BIN");
+    EXPECT_EQ(FileOpenAnswers().Runs(), 1);
 }
 
 }  // namespace

@@ -64,7 +64,7 @@ TEST(StartUp, WithoutLanguageLibraryShowsTheWorkingDirMessageAndEnds) {
     EXPECT_TRUE(window->TerminationRequested());
     EXPECT_TRUE(window->StartupFailed());
     EXPECT_FALSE(window->Ready());
-    EXPECT_EQ(window->Settings(), nullptr);
+    EXPECT_FALSE(window->RecordRead());
     EXPECT_FALSE(window->PageCtl()->isVisible());
     EXPECT_FALSE(Find<QPushButton>(*window, "pOK")->isVisible());
     EXPECT_FALSE(Find<QPushButton>(*window, "pCancel")->isVisible());
@@ -91,7 +91,7 @@ TEST(StartUp, WithoutSettingsFileShowsString24OnceInitialisesThePagesAndEnds) {
     EXPECT_TRUE(window->TerminationRequested());
     EXPECT_TRUE(window->StartupFailed());
     EXPECT_TRUE(window->Ready());
-    ASSERT_NE(window->Settings(), nullptr);
+    ASSERT_TRUE(window->RecordRead());
     EXPECT_EQ(Find<QLineEdit>(*window, "pSLE_OffsetX")->text(), QStringLiteral("0"));
     EXPECT_EQ(Find<QLineEdit>(*window, "pSLE_BridgeStroke")->text(), QStringLiteral("0"));
 }
@@ -112,13 +112,13 @@ TEST(StartUp, SettingsFileThatIsADirectoryIsNamedInTheMessage) {
 TEST(StartUp, IsHiddenWithItsDesignCaptionUntilTheFirstActivation) {
     TempWinePrefix prefix;
     prefix.WriteWindowsFile("WZELKO.INI", SettingsFile(kOffsets));
-    TKestelMainWind window({"WKestel32"});
+    TKestelMainWind window({"WKestel32"}, PageTable());
     EXPECT_EQ(window.windowTitle(), QStringLiteral("General Setup"));
     EXPECT_EQ(Find<QLabel>(window, "pBottBar")->text(), QStringLiteral("."));
     EXPECT_TRUE(window.PageCtl()->isHidden());
     EXPECT_TRUE(Find<QPushButton>(window, "pOK")->isHidden());
     EXPECT_TRUE(Find<QPushButton>(window, "pCancel")->isHidden());
-    EXPECT_EQ(window.Settings(), nullptr);
+    EXPECT_FALSE(window.RecordRead());
 }
 
 TEST(StartUp, FirstActivationShowsThePagesWithTheRecordReadAndUnmodified) {
@@ -135,7 +135,7 @@ TEST(StartUp, FirstActivationShowsThePagesWithTheRecordReadAndUnmodified) {
     EXPECT_TRUE(window->PageCtl()->isVisible());
     EXPECT_TRUE(Find<QPushButton>(*window, "pOK")->isVisible());
     EXPECT_TRUE(Find<QPushButton>(*window, "pCancel")->isVisible());
-    EXPECT_FALSE(window->Settings()->Modified);
+    EXPECT_FALSE(window->Settings().Modified);
     EXPECT_EQ(window->windowTitle(), Language(1));
     EXPECT_EQ(Find<QLabel>(*window, "pBottBar")->text(), QString());
     EXPECT_EQ(Find<QLineEdit>(*window, "pSLE_OffsetX")->text(), QStringLiteral("1.5"));
@@ -149,7 +149,7 @@ TEST(StartUp, RunsOnceAlthoughTheWindowIsActivatedAgain) {
     auto window = StartWindow(script);
     test::TypeInto(Find<QLineEdit>(*window, "pSLE_OffsetX"), QStringLiteral("9"));
     test::PressTab(Find<QLineEdit>(*window, "pSLE_OffsetX"));
-    SetupSettings* record = window->Settings();
+    const SetupSettings* record = &window->Settings();
 
     QWidget other;
     other.show();
@@ -158,7 +158,7 @@ TEST(StartUp, RunsOnceAlthoughTheWindowIsActivatedAgain) {
     window->activateWindow();
     (void)QTest::qWaitForWindowActive(window.get(), 2000);
 
-    EXPECT_EQ(window->Settings(), record);
+    EXPECT_EQ(&window->Settings(), record);
     EXPECT_EQ(Find<QLineEdit>(*window, "pSLE_OffsetX")->text(), QStringLiteral("9"));
 }
 
@@ -173,19 +173,25 @@ TEST(StartUp, RightAfterStartUpClosingAsksNoQuestion) {
     EXPECT_EQ(script.Count(), 0);
 }
 
+// Whether a window made with this command line (in a prefix of its own) asks for the upgrade.
+bool RequestsUpgrade(std::vector<std::string> commandLine) {
+    TempWinePrefix prefix;
+    return TKestelMainWind(std::move(commandLine), PageTable()).UpgradeRequested();
+}
+
 TEST(CommandLine, WordUpgradeInAnyCaseRequestsTheUpgrade) {
-    EXPECT_TRUE(TKestelMainWind({"WKestel32", "UPGRADE"}).UpgradeRequested());
-    EXPECT_TRUE(TKestelMainWind({"WKestel32", "upgrade"}).UpgradeRequested());
-    EXPECT_TRUE(TKestelMainWind({"WKestel32", "x", "UpGrade"}).UpgradeRequested());
+    EXPECT_TRUE(RequestsUpgrade({"WKestel32", "UPGRADE"}));
+    EXPECT_TRUE(RequestsUpgrade({"WKestel32", "upgrade"}));
+    EXPECT_TRUE(RequestsUpgrade({"WKestel32", "x", "UpGrade"}));
     // The program's own path is a word of the command line too.
-    EXPECT_TRUE(TKestelMainWind({"upgrade"}).UpgradeRequested());
+    EXPECT_TRUE(RequestsUpgrade({"upgrade"}));
 }
 
 TEST(CommandLine, UpgradeWithALeadingSlashOrAnEqualsSignDoesNotRequestTheUpgrade) {
-    EXPECT_FALSE(TKestelMainWind({"WKestel32"}).UpgradeRequested());
-    EXPECT_FALSE(TKestelMainWind({"WKestel32", "/UPGRADE"}).UpgradeRequested());
-    EXPECT_FALSE(TKestelMainWind({"WKestel32", "UPGRADE=1"}).UpgradeRequested());
-    EXPECT_FALSE(TKestelMainWind({"WKestel32", "-upgrade"}).UpgradeRequested());
+    EXPECT_FALSE(RequestsUpgrade({"WKestel32"}));
+    EXPECT_FALSE(RequestsUpgrade({"WKestel32", "/UPGRADE"}));
+    EXPECT_FALSE(RequestsUpgrade({"WKestel32", "UPGRADE=1"}));
+    EXPECT_FALSE(RequestsUpgrade({"WKestel32", "-upgrade"}));
 }
 
 // A fresh WZELKO.INI and the user's saved WZELKO.SAV beside it, with another Y offset.
@@ -203,7 +209,7 @@ TEST(Upgrade, WordUpgradeRunsTheUpgradeBeforeTheRecordIsRead) {
     ASSERT_TRUE(window->Ready());
     EXPECT_EQ(Find<QLineEdit>(*window, "pSLE_OffsetY")->text(), QStringLiteral("99"));
     EXPECT_EQ(test::IniValue(prefix.ReadWindowsFile("WZELKO.INI"), "MECHAOFFS", "offy"), "99");
-    EXPECT_FALSE(window->Settings()->Modified);
+    EXPECT_FALSE(window->Settings().Modified);
     EXPECT_FALSE(test::Exists(prefix, "TEMP.TMP"));
     // The status line keeps the last pass's text; the controls and the cursor are back.
     EXPECT_EQ(Find<QLabel>(*window, "pBottBar")->text(),
@@ -437,8 +443,8 @@ TEST(PageTable, PagesNotBuiltAreAbsentAndTheirMenuEntriesDisabled) {
     int sheet = 0;
     for (const PageEntry& entry : PageTable()) {
         const QString name = QString::fromLatin1(entry.sheetName);
-        EXPECT_EQ(Find<QAction>(*window, entry.menuEntry)->isEnabled(), entry.factory != nullptr)
-            << entry.menuEntry;
+        EXPECT_EQ(Find<QAction>(*window, entry.menu.name)->isEnabled(), entry.factory != nullptr)
+            << entry.menu.name;
         if (entry.factory) {
             ASSERT_LT(sheet, pages->SheetCount()) << entry.sheetName;
             EXPECT_EQ(pages->Sheet(sheet++)->objectName(), name);

@@ -8,50 +8,20 @@
 #include <QTest>
 
 #include "i18n/resgenstring.h"
+#include "page_test_fixture.h"
 #include "platform/text_codec.h"
 #include "settings/setup_settings.h"
 #include "shell/kestel_main_wind.h"
-#include "ui_test_support.h"
 #include "widgets/page_control.h"
 
 namespace wk {
 namespace {
 
-using test::IniValue;
-using test::MessageScript;
 using test::PressTab;
 using test::SettingsFile;
-using test::StartWindow;
-using test::TempWinePrefix;
 using test::TypeInto;
-using test::WorkingDir;
 
-class MecOffPage : public ::testing::Test {
-protected:
-    void Start(const std::string& settingsFile) {
-        prefix_.WriteWindowsFile("WZELKO.INI", settingsFile);
-        window_ = StartWindow(script_);
-        ASSERT_TRUE(window_->Ready());
-    }
-    QLineEdit* Edit(const char* name) const {
-        return window_->findChild<QLineEdit*>(QString::fromLatin1(name));
-    }
-    QLabel* Label(const char* name) const {
-        return window_->findChild<QLabel*>(QString::fromLatin1(name));
-    }
-    std::string Saved(const char* section, const char* key) const {
-        return IniValue(prefix_.ReadWindowsFile("WZELKO.INI"), section, key);
-    }
-    void Save() const { window_->KestelFile_SaveClick(); }
-    static QString Language(int id) {
-        return QString::fromStdString(platform::AnsiToUtf8(GetLanguageString(id, 200)));
-    }
-
-    TempWinePrefix prefix_;
-    WorkingDir cwd_{WorkingDir::Kind::LanguageLibraries};
-    MessageScript script_;
-    std::unique_ptr<TKestelMainWind> window_;
-};
+class MecOffPage : public test::PageTest {};
 
 const char* const kFull =
     "[MACHINEPARAM]\r\nBRIDGE AXIS STROKE=1200.000000\r\n\r\n"
@@ -83,7 +53,7 @@ TEST_F(MecOffPage, CaptionsComeFromTheLanguageStrings) {
 TEST_F(MecOffPage, OffxHoldingNoneReadsAsZeroAndIsWrittenBackAsZero) {
     Start(SettingsFile("[MECHAOFFS]\r\noffx=NONE\r\noffy=1\r\n"));
     EXPECT_EQ(Edit("pSLE_OffsetX")->text(), QStringLiteral("0"));
-    EXPECT_DOUBLE_EQ(window_->Settings()->OffsetX, 0.0);
+    EXPECT_DOUBLE_EQ(Record().OffsetX, 0.0);
     QLineEdit* y = Edit("pSLE_OffsetY");
     TypeInto(y, QStringLiteral("2"));
     PressTab(y);
@@ -98,7 +68,7 @@ TEST_F(MecOffPage, MissingMechaoffsSectionLeavesTheOffsetsAtZeroAndReadsTheStrok
         EXPECT_EQ(Edit(name)->text(), QStringLiteral("0")) << name;
     }
     EXPECT_EQ(Edit("pSLE_BridgeStroke")->text(), QStringLiteral("850.5"));
-    EXPECT_DOUBLE_EQ(window_->Settings()->BridgeAxisStroke, 850.5);
+    EXPECT_DOUBLE_EQ(Record().BridgeAxisStroke, 850.5);
 }
 
 TEST_F(MecOffPage, Typing1250ShowsItAs125AfterLeavingTheField) {
@@ -107,18 +77,18 @@ TEST_F(MecOffPage, Typing1250ShowsItAs125AfterLeavingTheField) {
     TypeInto(z, QStringLiteral("12.50"));
     PressTab(z);
     EXPECT_EQ(z->text(), QStringLiteral("12.5"));
-    EXPECT_DOUBLE_EQ(window_->Settings()->OffsetZ, 12.5);
+    EXPECT_DOUBLE_EQ(Record().OffsetZ, 12.5);
 }
 
 TEST_F(MecOffPage, InInchModeATyped1IsStoredAs1Millimetre) {
     // No "MEASURE INTERFACE" section: the record is in inches.
     Start("[WZELKO]\r\nLANGUAGE=ENG\r\n\r\n[MECHAOFFS]\r\noffx=0\r\n");
-    ASSERT_FALSE(window_->Settings()->IsMetric());
+    ASSERT_FALSE(Record().IsMetric());
     QLineEdit* x = Edit("pSLE_OffsetX");
     TypeInto(x, QStringLiteral("1"));
     PressTab(x);
     EXPECT_EQ(x->text(), QStringLiteral("1"));
-    EXPECT_DOUBLE_EQ(window_->Settings()->OffsetX, 1.0);
+    EXPECT_DOUBLE_EQ(Record().OffsetX, 1.0);
     Save();
     EXPECT_EQ(Saved("MECHAOFFS", "offx"), "1.000000");
 }
@@ -128,7 +98,7 @@ TEST_F(MecOffPage, NoRangeCheck) {
     QLineEdit* stroke = Edit("pSLE_BridgeStroke");
     TypeInto(stroke, QStringLiteral("-99999.75"));
     PressTab(stroke);
-    EXPECT_DOUBLE_EQ(window_->Settings()->BridgeAxisStroke, -99999.75);
+    EXPECT_DOUBLE_EQ(Record().BridgeAxisStroke, -99999.75);
     Save();
     EXPECT_EQ(Saved("MACHINEPARAM", "BRIDGE AXIS STROKE"), "-99999.750000");
 }
@@ -138,14 +108,14 @@ TEST_F(MecOffPage, LeavingAnUntouchedFieldStoresNothing) {
     QLineEdit* y = Edit("pSLE_OffsetY");
     y->setFocus(Qt::MouseFocusReason);
     PressTab(y);
-    EXPECT_FALSE(window_->Settings()->Modified);
+    EXPECT_FALSE(Record().Modified);
 }
 
 TEST_F(MecOffPage, EnteringTheSheetShowsTheRecordAgain) {
     Start(SettingsFile(kFull));
     auto* ok = window_->findChild<QPushButton*>(QStringLiteral("pOK"));
     ok->setFocus(Qt::MouseFocusReason);
-    window_->Settings()->OffsetY = 42.0;  // as another page of the record might change it
+    Record().OffsetY = 42.0;  // as another page of the record might change it
     Edit("pSLE_OffsetY")->setFocus(Qt::TabFocusReason);
     EXPECT_EQ(Edit("pSLE_OffsetY")->text(), QStringLiteral("42"));
 }
@@ -154,8 +124,8 @@ TEST_F(MecOffPage, LoadWithoutRefreshAllPutsBackOnlyTheModifiedFields) {
     Start(SettingsFile(kFull));
     QLineEdit* y = Edit("pSLE_OffsetY");
     TypeInto(y, QStringLiteral("9"));
-    window_->Settings()->OffsetX = 5.0;  // in the record, not shown yet
-    window_->pCancelClick();
+    Record().OffsetX = 5.0;  // in the record, not shown yet
+    Click("pCancel");
     EXPECT_EQ(y->text(), QStringLiteral("152.5"));
     EXPECT_EQ(Edit("pSLE_OffsetX")->text(), QStringLiteral("0"));
 }

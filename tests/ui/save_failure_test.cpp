@@ -62,7 +62,7 @@ protected:
         QLineEdit* x = Edit("pSLE_OffsetX");
         TypeInto(x, QStringLiteral("7"));
         PressTab(x);
-        ASSERT_TRUE(window_->Settings()->Modified);
+        ASSERT_TRUE(window_->Settings().Modified);
     }
 
     void ExpectNoFileChanged() const {
@@ -101,8 +101,8 @@ TEST_F(FailedSave, SaveOfAReadOnlyFileSaysWhichAndWhyAndKeepsTheEdit) {
     EXPECT_TRUE(IsFailedSaveMessage(0, Path("WZELKO32.INI"),
                                     "the file is read-only (mode 0444); nothing was written"))
         << script_.Shown()[0].text;
-    EXPECT_TRUE(window_->Settings()->Modified);
-    EXPECT_DOUBLE_EQ(window_->Settings()->OffsetX, 7.0);
+    EXPECT_TRUE(window_->Settings().Modified);
+    EXPECT_DOUBLE_EQ(window_->Settings().OffsetX, 7.0);
     EXPECT_EQ(Edit("pSLE_OffsetX")->text(), QStringLiteral("7"));
     ExpectNoFileChanged();
 }
@@ -131,7 +131,7 @@ TEST_F(FailedSave, AnsweringYesOnExitWhenTheSaveFailsKeepsTheWindowOpen) {
     EXPECT_TRUE(IsFailedSaveMessage(1, Path("WZELKO32.INI"),
                                     "the file is read-only (mode 0400); nothing was written"));
     EXPECT_FALSE(window_->TerminationRequested());
-    EXPECT_TRUE(window_->Settings()->Modified);
+    EXPECT_TRUE(window_->Settings().Modified);
     ExpectNoFileChanged();
 
     // Once the cause is put right, the same edit is saved.
@@ -162,7 +162,7 @@ TEST_F(FailedSave, SaveIntoAFolderThatCannotBeWrittenNamesTheFile) {
     ASSERT_EQ(script_.Count(), 1);
     EXPECT_NE(script_.Shown()[0].text.find("Permission denied"), std::string::npos)
         << script_.Shown()[0].text;
-    EXPECT_TRUE(window_->Settings()->Modified);
+    EXPECT_TRUE(window_->Settings().Modified);
     fs::permissions(prefix_.WindowsDir(), fs::perms::owner_all);
     ExpectNoFileChanged();
 }
@@ -177,7 +177,7 @@ TEST_F(FailedSave, SaveWithoutItsBackupSavesAndSaysSo) {
     EXPECT_EQ(script_.Shown()[0].text, "The settings were saved, but without a backup:\n\n" +
                                            Path("WZELKO.BAK") + ": is a directory");
     EXPECT_EQ(script_.Shown()[0].type, MB_OK | MB_ICONEXCLAMATION);
-    EXPECT_FALSE(window_->Settings()->Modified);
+    EXPECT_FALSE(window_->Settings().Modified);
     EXPECT_EQ(test::IniValue(prefix_.ReadWindowsFile("WZELKO.INI"), "MECHAOFFS", "offx"),
               "7.000000");
 }

@@ -84,8 +84,9 @@ bool Exists(const TempWinePrefix& prefix, const std::string& name) {
 }
 
 std::unique_ptr<TKestelMainWind> StartWindow(MessageScript& script,
-                                             std::vector<std::string> commandLine) {
-    auto window = std::make_unique<TKestelMainWind>(std::move(commandLine));
+                                             std::vector<std::string> commandLine,
+                                             std::span<const PageEntry> pages) {
+    auto window = std::make_unique<TKestelMainWind>(std::move(commandLine), pages);
     script.Install();
     window->show();
     window->activateWindow();

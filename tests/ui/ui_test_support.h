@@ -6,9 +6,11 @@
 #include <deque>
 #include <filesystem>
 #include <memory>
+#include <span>
 #include <string>
 #include <vector>
 
+#include "pages/page_table.h"
 #include "platform/message_box.h"
 #include "support/temp_prefix.h"
 
@@ -61,10 +63,11 @@ private:
     MessageBoxPresenter previous_;
 };
 
-// The main window, shown and activated, its message boxes answered by `script`; the start-up
-// sequence has run (or failed).
+// The main window with `pages`, shown and activated, its message boxes answered by `script`;
+// the start-up sequence has run (or failed).
 std::unique_ptr<TKestelMainWind> StartWindow(MessageScript& script,
-                                             std::vector<std::string> commandLine = {"WKestel32"});
+                                             std::vector<std::string> commandLine = {"WKestel32"},
+                                             std::span<const PageEntry> pages = PageTable());
 
 // Whether a file exists in the prefix's Windows directory.
 bool Exists(const TempWinePrefix& prefix, const std::string& name);

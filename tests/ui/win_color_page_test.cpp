@@ -17,26 +17,21 @@
 #include <QStyle>
 #include <QStyleOptionSlider>
 #include <QTest>
-#include <QTimer>
 
 #include "i18n/resgenstring.h"
+#include "page_test_fixture.h"
 #include "platform/text_codec.h"
 #include "settings/setup_settings.h"
 #include "shell/kestel_main_wind.h"
-#include "ui_test_support.h"
+#include "widgets/dialog_answers.h"
 #include "widgets/page_control.h"
 
 namespace wk {
 namespace {
 
-using test::IniValue;
-using test::MessageScript;
 using test::PressTab;
 using test::SettingsFile;
-using test::StartWindow;
-using test::TempWinePrefix;
 using test::TypeInto;
-using test::WorkingDir;
 
 // MAIN WINDOW grey, INIT WINDOW white, EXECUTION WINDOW light yellow, FUNCTION WINDOW dark
 // blue; every later window has no key and keeps the components of the one before.
@@ -44,15 +39,11 @@ const char* const kColours =
     "[WINDOWS BACKGROUND]\r\nMAIN WINDOW=192,192,192\r\nINIT WINDOW=255,255,255\r\n"
     "EXECUTION WINDOW=255,255,224\r\nFUNCTION WINDOW=5,10,200\r\n";
 
-class WinColorPage : public ::testing::Test {
+class WinColorPage : public test::PageTest {
 protected:
-    void Start(const std::string& extraSections = kColours) {
-        prefix_.WriteWindowsFile("WZELKO.INI", SettingsFile(extraSections));
-        original_ = prefix_.ReadWindowsFile("WZELKO.INI");
-        window_ = StartWindow(script_);
-        ASSERT_TRUE(window_->Ready());
-        script_.Clear();
-        page_ = dynamic_cast<TWinColorPage*>(window_->Page("WinColorTabSheet"));
+    void StartColours(const std::string& extraSections = kColours) {
+        Start(SettingsFile(extraSections));
+        page_ = dynamic_cast<TWinColorPage*>(Page("WinColorTabSheet"));
         ASSERT_NE(page_, nullptr);
     }
     // Shows the page as the program would (no change event, no question) and enters it, as
@@ -62,13 +53,7 @@ protected:
         List()->setFocus(Qt::TabFocusReason);
         QApplication::processEvents();
     }
-    template <typename T>
-    T* Find(const char* name) const {
-        return window_->findChild<T*>(QString::fromLatin1(name));
-    }
-    QLineEdit* Edit(const char* name) const { return Find<QLineEdit>(name); }
     QScrollBar* Bar(const char* name) const { return Find<QScrollBar>(name); }
-    QPushButton* Button(const char* name) const { return Find<QPushButton>(name); }
     QListWidget* List() const { return Find<QListWidget>("pLB_WinList"); }
     QColor Swatch() const { return Edit("pSLE_ShowColor")->palette().color(QPalette::Base); }
     QStringList Components() const {
@@ -76,63 +61,38 @@ protected:
                 Edit("pSLE_BlueColor")->text()};
     }
     std::uint32_t Entry(int index) const {
-        return window_->Settings()->ColourTable[static_cast<std::size_t>(index)].Colour;
+        return Record().ColourTable[static_cast<std::size_t>(index)].Colour;
     }
     void ClickRow(int row) const {
         QListWidget* list = List();
         const QRect rect = list->visualItemRect(list->item(row));
         QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, rect.center());
     }
-    void TypeComponent(const char* edit, const QString& text) const {
-        TypeInto(Edit(edit), text);
-        PressTab(Edit(edit));
-    }
-    void Save() const { window_->KestelFile_SaveClick(); }
-    std::string Saved(const char* key) const {
-        return IniValue(prefix_.ReadWindowsFile("WZELKO.INI"), "WINDOWS BACKGROUND", key);
-    }
-    // Answers the colour dialog, once it is up, with `colour` (or cancels it).
-    void AnswerColourDialog(QColor colour, bool accept, QColor* preset = nullptr) const {
-        QTimer::singleShot(0, [this, colour, accept, preset] {
-            auto* dialog = Find<QColorDialog>("WinColorDialog");
-            ASSERT_NE(dialog, nullptr);
-            ASSERT_TRUE(dialog->isVisible());
-            if (preset) *preset = dialog->currentColor();
-            dialog->setCurrentColor(colour);
-            if (accept) {
-                dialog->accept();
-            } else {
-                dialog->reject();
-            }
-        });
-    }
-    // Clicks "Colors palette >>" and answers the dialog; the main window is active again
-    // afterwards, as a window manager makes it when a modal dialog closes.
+    std::string Saved(const char* key) const { return PageTest::Saved("WINDOWS BACKGROUND", key); }
+    // Clicks "Colors palette >>" with the dialog's answer given in advance: `colour`, or Cancel.
+    // `preset` receives the colour the dialog was opened with.
     void PickInDialog(QColor colour, bool accept, QColor* preset = nullptr) const {
-        AnswerColourDialog(colour, accept, preset);
-        Button("pPB_ColorsPal")->click();
-        // Offscreen, the hidden dialog stays the active window and activateWindow() does not
-        // bring the main window back; without that the edits would get no focus events.
-        QApplication::setActiveWindow(window_.get());
-    }
-    static QString Language(int id) {
-        return QString::fromStdString(platform::AnsiToUtf8(GetLanguageString(id, 200)));
+        if (accept) {
+            AnswerColour(colour);
+        } else {
+            CancelColour();
+        }
+        Click("pPB_ColorsPal");
+        EXPECT_EQ(ColourAnswers().Runs(), 1);
+        auto* dialog = Find<QColorDialog>("WinColorDialog");
+        ASSERT_NE(dialog, nullptr);
+        if (preset) *preset = dialog->currentColor();
     }
     static QStringList Rgb(int red, int green, int blue) {
         return {QString::asprintf("%03d", red), QString::asprintf("%03d", green),
                 QString::asprintf("%03d", blue)};
     }
 
-    TempWinePrefix prefix_;
-    WorkingDir cwd_{WorkingDir::Kind::LanguageLibraries};
-    MessageScript script_;
-    std::string original_;
-    std::unique_ptr<TKestelMainWind> window_;
     TWinColorPage* page_ = nullptr;
 };
 
 TEST_F(WinColorPage, ControlsCarryTheirNamesAndTheMenuEntryIsEnabled) {
-    Start();
+    StartColours();
     for (const char* name : {"pST_WinList", "pST_RedColor", "pST_GreenColor", "pST_BlueColor"}) {
         EXPECT_NE(Find<QLabel>(name), nullptr) << name;
     }
@@ -152,14 +112,14 @@ TEST_F(WinColorPage, ControlsCarryTheirNamesAndTheMenuEntryIsEnabled) {
 }
 
 TEST_F(WinColorPage, MenuEntryShowsThePage) {
-    Start();
+    StartColours();
     Find<QAction>("KestelOther_WindowsColor")->trigger();
     EXPECT_EQ(window_->PageCtl()->ActivePage(), page_);
     EXPECT_EQ(window_->HelpContextOfPage(), 28);
 }
 
 TEST_F(WinColorPage, ListsTheTwentySixWindowsCaptionedByTheirLanguageStrings) {
-    Start();
+    StartColours();
     const int captions[] = {365, 366, 367, 393, 368, 369, 370, 371, 372, 373, 374, 375, 376,
                             377, 378, 379, 380, 381, 382, 383, 384, 392, 394, 395, 396, 397};
     ASSERT_EQ(List()->count(), 26);
@@ -170,7 +130,7 @@ TEST_F(WinColorPage, ListsTheTwentySixWindowsCaptionedByTheirLanguageStrings) {
 }
 
 TEST_F(WinColorPage, ShowsTheFirstWindowsColourAsThreeDigitEditsBarsAndSwatch) {
-    Start("[WINDOWS BACKGROUND]\r\nMAIN WINDOW=7,64,192\r\n");
+    StartColours("[WINDOWS BACKGROUND]\r\nMAIN WINDOW=7,64,192\r\n");
     EXPECT_EQ(Components(), Rgb(7, 64, 192));
     EXPECT_EQ(Bar("pHSB_Red")->value(), 7);
     EXPECT_EQ(Bar("pHSB_Green")->value(), 64);
@@ -181,7 +141,7 @@ TEST_F(WinColorPage, ShowsTheFirstWindowsColourAsThreeDigitEditsBarsAndSwatch) {
 }
 
 TEST_F(WinColorPage, ScrollBarsRunFrom0To255InStepsOf1) {
-    Start();
+    StartColours();
     for (const char* name : {"pHSB_Red", "pHSB_Green", "pHSB_Blue"}) {
         EXPECT_EQ(Bar(name)->minimum(), 0) << name;
         EXPECT_EQ(Bar(name)->maximum(), 255) << name;
@@ -190,7 +150,7 @@ TEST_F(WinColorPage, ScrollBarsRunFrom0To255InStepsOf1) {
 }
 
 TEST_F(WinColorPage, EmptyWindowsBackgroundSectionStillListsAll26WindowsWithBlue255Throughout) {
-    Start("[WINDOWS BACKGROUND]\r\n");
+    StartColours("[WINDOWS BACKGROUND]\r\n");
     ShowPage();
     ASSERT_EQ(List()->count(), 26);
     for (int row = 0; row < 26; ++row) {
@@ -201,7 +161,7 @@ TEST_F(WinColorPage, EmptyWindowsBackgroundSectionStillListsAll26WindowsWithBlue
 }
 
 TEST_F(WinColorPage, NoneInAnyCaseKeepsWhiteAndTheNextSaveWrites255255255) {
-    Start(
+    StartColours(
         "[WINDOWS BACKGROUND]\r\nMAIN WINDOW=nOnE\r\nINIT WINDOW=1,2,3\r\n"
         "EXECUTION WINDOW=NONE\r\n");
     ShowPage();
@@ -210,7 +170,7 @@ TEST_F(WinColorPage, NoneInAnyCaseKeepsWhiteAndTheNextSaveWrites255255255) {
     EXPECT_EQ(Components(), Rgb(255, 255, 255));
     // Something else changes, so that Save writes.
     ClickRow(1);
-    TypeComponent("pSLE_RedColor", QStringLiteral("4"));
+    TypeAndLeave("pSLE_RedColor", QStringLiteral("4"));
     Button("pPB_SetCol")->click();
     Save();
     EXPECT_EQ(Saved("MAIN WINDOW"), "255,255,255");
@@ -219,17 +179,17 @@ TEST_F(WinColorPage, NoneInAnyCaseKeepsWhiteAndTheNextSaveWrites255255255) {
 }
 
 TEST_F(WinColorPage, Typing256IntoTheRedEditSetsRed0) {
-    Start();
+    StartColours();
     ShowPage();
-    TypeComponent("pSLE_RedColor", QStringLiteral("256"));
+    TypeAndLeave("pSLE_RedColor", QStringLiteral("256"));
     EXPECT_EQ(Components(), Rgb(0, 192, 192));
     EXPECT_EQ(page_->CurrentColour(), ColourSettings::MakeColour(0, 192, 192));
 }
 
 TEST_F(WinColorPage, Typing300InRedAndLeavingShows044EnablesSetAndMovesTheFocusThere) {
-    Start();
+    StartColours();
     ShowPage();
-    TypeComponent("pSLE_RedColor", QStringLiteral("300"));
+    TypeAndLeave("pSLE_RedColor", QStringLiteral("300"));
     EXPECT_EQ(Edit("pSLE_RedColor")->text(), QStringLiteral("044"));
     EXPECT_EQ(Swatch(), QColor(44, 192, 192));
     EXPECT_EQ(Bar("pHSB_Red")->value(), 44);
@@ -237,39 +197,39 @@ TEST_F(WinColorPage, Typing300InRedAndLeavingShows044EnablesSetAndMovesTheFocusT
     EXPECT_EQ(QApplication::focusWidget(), Button("pPB_SetCol"));
     // Not applied yet: the entry and the record are as read.
     EXPECT_EQ(Entry(0), ColourSettings::MakeColour(192, 192, 192));
-    EXPECT_FALSE(window_->Settings()->Modified);
+    EXPECT_FALSE(Record().Modified);
 }
 
 TEST_F(WinColorPage, MinusOneInAComponentEditGives255WithoutAMessage) {
-    Start();
+    StartColours();
     ShowPage();
-    TypeComponent("pSLE_GreenColor", QStringLiteral("-1"));
+    TypeAndLeave("pSLE_GreenColor", QStringLiteral("-1"));
     EXPECT_EQ(Components(), Rgb(192, 255, 192));
     EXPECT_EQ(script_.Count(), 0);
 }
 
 TEST_F(WinColorPage, HexadecimalTextIsAnIntegerToo) {
-    Start();
+    StartColours();
     ShowPage();
-    TypeComponent("pSLE_BlueColor", QStringLiteral("$1F"));
+    TypeAndLeave("pSLE_BlueColor", QStringLiteral("$1F"));
     EXPECT_EQ(Components(), Rgb(192, 192, 31));
 }
 
 TEST_F(WinColorPage, TextThatIsNotAnIntegerShowsTheConversionErrorAndKeepsTheCurrentColour) {
-    Start();
+    StartColours();
     ShowPage();
-    TypeComponent("pSLE_RedColor", QStringLiteral("12a"));
+    TypeAndLeave("pSLE_RedColor", QStringLiteral("12a"));
     ASSERT_EQ(script_.Count(), 1);
     EXPECT_EQ(script_.Shown()[0].text, "'12a' is not a valid integer value");
     EXPECT_EQ(script_.Shown()[0].type & 0xF0u, MB_ICONSTOP);
     EXPECT_EQ(page_->CurrentColour(), ColourSettings::MakeColour(192, 192, 192));
     EXPECT_EQ(Swatch(), QColor(192, 192, 192));
     EXPECT_FALSE(Button("pPB_SetCol")->isEnabled());
-    EXPECT_FALSE(window_->Settings()->Modified);
+    EXPECT_FALSE(Record().Modified);
 }
 
 TEST_F(WinColorPage, LeavingAnUntouchedEditChangesNothingAndKeepsSetDisabled) {
-    Start();
+    StartColours();
     ShowPage();
     Edit("pSLE_RedColor")->setFocus(Qt::MouseFocusReason);
     PressTab(Edit("pSLE_RedColor"));
@@ -278,7 +238,7 @@ TEST_F(WinColorPage, LeavingAnUntouchedEditChangesNothingAndKeepsSetDisabled) {
 }
 
 TEST_F(WinColorPage, DraggingAScrollBarPaintsTheSwatchButLeavesTheCurrentColourAndTheEntry) {
-    Start();
+    StartColours();
     ShowPage();
     QScrollBar* green = Bar("pHSB_Green");
     green->setSliderDown(true);
@@ -291,7 +251,7 @@ TEST_F(WinColorPage, DraggingAScrollBarPaintsTheSwatchButLeavesTheCurrentColourA
 }
 
 TEST_F(WinColorPage, LettingGoOfTheThumbChangesTheCurrentColourButNotTheEntryUntilSet) {
-    Start();
+    StartColours();
     ShowPage();
     QScrollBar* blue = Bar("pHSB_Blue");
     blue->setSliderDown(true);
@@ -302,15 +262,15 @@ TEST_F(WinColorPage, LettingGoOfTheThumbChangesTheCurrentColourButNotTheEntryUnt
     EXPECT_EQ(page_->CurrentColour(), ColourSettings::MakeColour(192, 192, 17));
     EXPECT_EQ(page_->ActiveComponent(), TWinColorPage::kBlueComponent);
     EXPECT_EQ(Entry(0), ColourSettings::MakeColour(192, 192, 192));
-    EXPECT_FALSE(window_->Settings()->Modified);
+    EXPECT_FALSE(Record().Modified);
     // The bars alone do not enable Set.
     EXPECT_FALSE(Button("pPB_SetCol")->isEnabled());
     Save();
-    EXPECT_EQ(prefix_.ReadWindowsFile("WZELKO.INI"), original_);
+    EXPECT_EQ(Bytes(), original_);
 }
 
 TEST_F(WinColorPage, SteppingAScrollBarChangesTheCurrentColour) {
-    Start();
+    StartColours();
     ShowPage();
     Bar("pHSB_Red")->triggerAction(QAbstractSlider::SliderSingleStepAdd);
     EXPECT_EQ(Components(), Rgb(193, 192, 192));
@@ -318,33 +278,33 @@ TEST_F(WinColorPage, SteppingAScrollBarChangesTheCurrentColour) {
 }
 
 TEST_F(WinColorPage, SetThenSaveWritesTheNewColour) {
-    Start();
+    StartColours();
     ShowPage();
     ClickRow(2);  // EXECUTION WINDOW
     EXPECT_EQ(Components(), Rgb(255, 255, 224));
-    TypeComponent("pSLE_GreenColor", QStringLiteral("10"));
+    TypeAndLeave("pSLE_GreenColor", QStringLiteral("10"));
     Button("pPB_SetCol")->click();
     EXPECT_FALSE(Button("pPB_SetCol")->isEnabled());
     EXPECT_EQ(Entry(2), ColourSettings::MakeColour(255, 10, 224));
-    EXPECT_TRUE(window_->Settings()->Modified);
+    EXPECT_TRUE(Record().Modified);
     Save();
     EXPECT_EQ(Saved("EXECUTION WINDOW"), "255,10,224");
     EXPECT_EQ(Saved("MAIN WINDOW"), "192,192,192");
-    EXPECT_TRUE(test::Exists(prefix_, "WZELKO.BAK"));
+    EXPECT_TRUE(Exists("WZELKO.BAK"));
 }
 
 TEST_F(WinColorPage, TabThenEnterAfterTypingAComponentAppliesIt) {
-    Start();
+    StartColours();
     ShowPage();
-    TypeComponent("pSLE_RedColor", QStringLiteral("20"));
+    TypeAndLeave("pSLE_RedColor", QStringLiteral("20"));
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
     EXPECT_EQ(Entry(0), ColourSettings::MakeColour(20, 192, 192));
-    EXPECT_TRUE(window_->Settings()->Modified);
+    EXPECT_TRUE(Record().Modified);
     EXPECT_FALSE(Button("pPB_SetCol")->isEnabled());
 }
 
 TEST_F(WinColorPage, DraggingTheThumbWithTheMousePaintsTheSwatchAndLettingGoChangesTheColour) {
-    Start();
+    StartColours();
     ShowPage();
     QScrollBar* red = Bar("pHSB_Red");
     QStyleOptionSlider option;
@@ -376,18 +336,18 @@ TEST_F(WinColorPage, DraggingTheThumbWithTheMousePaintsTheSwatchAndLettingGoChan
 }
 
 TEST_F(WinColorPage, ScrollBarChangeThenEditThenSetAppliesTheWholeCurrentColour) {
-    Start();
+    StartColours();
     ShowPage();
     Bar("pHSB_Red")->setValue(11);  // as a step or a release would
-    TypeComponent("pSLE_BlueColor", QStringLiteral("33"));
+    TypeAndLeave("pSLE_BlueColor", QStringLiteral("33"));
     Button("pPB_SetCol")->click();
     EXPECT_EQ(Entry(0), ColourSettings::MakeColour(11, 192, 33));
 }
 
 TEST_F(WinColorPage, SwitchingRowsDropsAnUnappliedColourAndDisablesSet) {
-    Start();
+    StartColours();
     ShowPage();
-    TypeComponent("pSLE_RedColor", QStringLiteral("1"));
+    TypeAndLeave("pSLE_RedColor", QStringLiteral("1"));
     ASSERT_TRUE(Button("pPB_SetCol")->isEnabled());
     ClickRow(3);  // FUNCTION WINDOW
     EXPECT_EQ(Components(), Rgb(5, 10, 200));
@@ -395,20 +355,20 @@ TEST_F(WinColorPage, SwitchingRowsDropsAnUnappliedColourAndDisablesSet) {
     ClickRow(0);
     EXPECT_EQ(Components(), Rgb(192, 192, 192));
     EXPECT_EQ(Entry(0), ColourSettings::MakeColour(192, 192, 192));
-    EXPECT_FALSE(window_->Settings()->Modified);
+    EXPECT_FALSE(Record().Modified);
 }
 
 TEST_F(WinColorPage, ClickingTheSelectedRowAgainDropsTheUnappliedColour) {
-    Start();
+    StartColours();
     ShowPage();
-    TypeComponent("pSLE_RedColor", QStringLiteral("1"));
+    TypeAndLeave("pSLE_RedColor", QStringLiteral("1"));
     ClickRow(0);
     EXPECT_EQ(Components(), Rgb(192, 192, 192));
     EXPECT_FALSE(Button("pPB_SetCol")->isEnabled());
 }
 
 TEST_F(WinColorPage, ArrowKeysInTheListSelectTheNextWindow) {
-    Start();
+    StartColours();
     ShowPage();
     List()->setFocus(Qt::MouseFocusReason);
     QTest::keyClick(List(), Qt::Key_Down);
@@ -417,14 +377,14 @@ TEST_F(WinColorPage, ArrowKeysInTheListSelectTheNextWindow) {
 }
 
 TEST_F(WinColorPage, LaterWindowsWithoutAKeyTakeTheColourOfTheOneBefore) {
-    Start();
+    StartColours();
     ShowPage();
     ClickRow(25);  // DATA INPUT WINDOW
     EXPECT_EQ(Components(), Rgb(5, 10, 200));
 }
 
 TEST_F(WinColorPage, ColourDialogIsPresetWithTheCurrentColourAndItsColourIsShown) {
-    Start();
+    StartColours();
     ShowPage();
     QColor preset;
     PickInDialog(QColor(12, 34, 56), true, &preset);
@@ -435,7 +395,7 @@ TEST_F(WinColorPage, ColourDialogIsPresetWithTheCurrentColourAndItsColourIsShown
 }
 
 TEST_F(WinColorPage, ColourDialogOffersSolidColoursOnly) {
-    Start();
+    StartColours();
     ShowPage();
     PickInDialog(QColor(1, 2, 3), false);
     auto* dialog = Find<QColorDialog>("WinColorDialog");
@@ -445,21 +405,21 @@ TEST_F(WinColorPage, ColourDialogOffersSolidColoursOnly) {
 }
 
 TEST_F(WinColorPage, ACancelledColourDialogKeepsTheCurrentColour) {
-    Start();
+    StartColours();
     ShowPage();
     PickInDialog(QColor(1, 2, 3), false);
     EXPECT_EQ(Components(), Rgb(192, 192, 192));
 }
 
 TEST_F(WinColorPage, AColourFromTheDialogDoesNotEnableSet) {
-    Start();
+    StartColours();
     ShowPage();
     PickInDialog(QColor(12, 34, 56), true);
     EXPECT_FALSE(Button("pPB_SetCol")->isEnabled());
 }
 
 TEST_F(WinColorPage, AColourPickedOnlyInTheDialogIsLostOnARowChange) {
-    Start();
+    StartColours();
     ShowPage();
     PickInDialog(QColor(12, 34, 56), true);
     ClickRow(1);
@@ -469,16 +429,16 @@ TEST_F(WinColorPage, AColourPickedOnlyInTheDialogIsLostOnARowChange) {
 }
 
 TEST_F(WinColorPage, AColourFromTheDialogIsAppliedAfterAComponentEditIsChangedAndLeftAndSet) {
-    Start();
+    StartColours();
     ShowPage();
     PickInDialog(QColor(12, 34, 56), true);
-    TypeComponent("pSLE_RedColor", QStringLiteral("13"));
+    TypeAndLeave("pSLE_RedColor", QStringLiteral("13"));
     Button("pPB_SetCol")->click();
     EXPECT_EQ(Entry(0), ColourSettings::MakeColour(13, 34, 56));
 }
 
 TEST_F(WinColorPage, EnteringAComponentEditMakesItTheActiveHighlightedComponent) {
-    Start();
+    StartColours();
     ShowPage();
     EXPECT_EQ(page_->ActiveComponent(), TWinColorPage::kRedComponent);
     EXPECT_TRUE(Find<QLabel>("pST_RedColor")->font().bold());
@@ -493,24 +453,24 @@ TEST_F(WinColorPage, EnteringAComponentEditMakesItTheActiveHighlightedComponent)
 }
 
 TEST_F(WinColorPage, SetAppliesToTheEntryWhoseIndexIsTheRowNumber) {
-    Start();
+    StartColours();
     // A record whose FUNCTION WINDOW is not listed: row 3 then shows entry 4.
-    window_->Settings()->ColourTable[3].Listed = false;
-    window_->Settings()->ColourTable[4].Colour = ColourSettings::MakeColour(40, 40, 40);
+    Record().ColourTable[3].Listed = false;
+    Record().ColourTable[4].Colour = ColourSettings::MakeColour(40, 40, 40);
     page_->Initialise();
     ShowPage();
     ASSERT_EQ(List()->count(), 25);
     ClickRow(3);
     EXPECT_EQ(Components(), Rgb(40, 40, 40));
-    TypeComponent("pSLE_RedColor", QStringLiteral("99"));
+    TypeAndLeave("pSLE_RedColor", QStringLiteral("99"));
     Button("pPB_SetCol")->click();
     EXPECT_EQ(Entry(3), ColourSettings::MakeColour(99, 40, 40));
     EXPECT_EQ(Entry(4), ColourSettings::MakeColour(40, 40, 40));
 }
 
 TEST_F(WinColorPage, NoListedEntryDisablesTheListBarsEditsLabelsAndBothButtons) {
-    Start();
-    for (ColourEntry& entry : window_->Settings()->ColourTable) entry.Listed = false;
+    StartColours();
+    for (ColourEntry& entry : Record().ColourTable) entry.Listed = false;
     page_->Initialise();
     EXPECT_EQ(List()->count(), 0);
     for (const char* name :
@@ -524,25 +484,25 @@ TEST_F(WinColorPage, NoListedEntryDisablesTheListBarsEditsLabelsAndBothButtons) 
 }
 
 TEST_F(WinColorPage, ASpareEntryHasATableSlotButNoRow) {
-    Start("[WINDOWS BACKGROUND]\r\nDATA INPUT WINDOW=1,2,3\r\n");
-    EXPECT_TRUE(window_->Settings()->ColourTable[29].Listed);
+    StartColours("[WINDOWS BACKGROUND]\r\nDATA INPUT WINDOW=1,2,3\r\n");
+    EXPECT_TRUE(Record().ColourTable[29].Listed);
     EXPECT_EQ(List()->count(), 26);
 }
 
 TEST_F(WinColorPage, EnteringTheSheetShowsTheSelectedEntrysColourAgain) {
-    Start();
+    StartColours();
     ShowPage();
-    TypeComponent("pSLE_RedColor", QStringLiteral("1"));  // unapplied
+    TypeAndLeave("pSLE_RedColor", QStringLiteral("1"));  // unapplied
     window_->findChild<QPushButton*>(QStringLiteral("pOK"))->setFocus(Qt::MouseFocusReason);
-    window_->Settings()->SetColour(0, 9, 8, 7);  // as another part of the record might
+    Record().SetColour(0, 9, 8, 7);  // as another part of the record might
     Edit("pSLE_GreenColor")->setFocus(Qt::TabFocusReason);
     EXPECT_EQ(Components(), Rgb(9, 8, 7));
     EXPECT_EQ(page_->CurrentColour(), ColourSettings::MakeColour(9, 8, 7));
 }
 
 TEST_F(WinColorPage, SwitchingToTheSheetShowsTheSelectedEntrysColourAgain) {
-    Start();
-    window_->Settings()->SetColour(0, 9, 8, 7);
+    StartColours();
+    Record().SetColour(0, 9, 8, 7);
     QTabBar* tabs = window_->PageCtl()->TabBar();
     tabs->setCurrentIndex(window_->PageCtl()->IndexOf(page_));  // as the user's click
     ASSERT_EQ(window_->PageCtl()->ActivePage(), page_);
@@ -551,52 +511,52 @@ TEST_F(WinColorPage, SwitchingToTheSheetShowsTheSelectedEntrysColourAgain) {
 }
 
 TEST_F(WinColorPage, OkCommitsTheFocusedEditToTheCurrentColourOnly) {
-    Start();
+    StartColours();
     ShowPage();
     TypeInto(Edit("pSLE_BlueColor"), QStringLiteral("5"));
     window_->pOKClick();
     EXPECT_EQ(Components(), Rgb(192, 192, 5));
     EXPECT_TRUE(Button("pPB_SetCol")->isEnabled());
     EXPECT_EQ(Entry(0), ColourSettings::MakeColour(192, 192, 192));
-    EXPECT_FALSE(window_->Settings()->Modified);
-    EXPECT_EQ(prefix_.ReadWindowsFile("WZELKO.INI"), original_);
+    EXPECT_FALSE(Record().Modified);
+    EXPECT_EQ(Bytes(), original_);
 }
 
 TEST_F(WinColorPage, SaveCommitsTheFocusedEditButAppliesNothing) {
-    Start();
+    StartColours();
     ShowPage();
     TypeInto(Edit("pSLE_BlueColor"), QStringLiteral("5"));
     Save();
     EXPECT_EQ(Components(), Rgb(192, 192, 5));
-    EXPECT_EQ(prefix_.ReadWindowsFile("WZELKO.INI"), original_);
+    EXPECT_EQ(Bytes(), original_);
 }
 
 TEST_F(WinColorPage, CancelShowsTheOtherEditsAgainButKeepsTheOneBeingTyped) {
-    Start();
+    StartColours();
     ShowPage();
     Edit("pSLE_RedColor")->setText(QStringLiteral("77"));  // not typed: no modified mark
     TypeInto(Edit("pSLE_GreenColor"), QStringLiteral("6"));
-    window_->pCancelClick();
+    Click("pCancel");
     EXPECT_EQ(Components(),
               (QStringList{QStringLiteral("192"), QStringLiteral("6"), QStringLiteral("192")}));
     EXPECT_EQ(page_->CurrentColour(), ColourSettings::MakeColour(192, 192, 192));
 }
 
 TEST_F(WinColorPage, AnsweringNoOnLeavingThePageReReadsTheFilesAndShowsTheReadColour) {
-    Start();
+    StartColours();
     ShowPage();
-    TypeComponent("pSLE_RedColor", QStringLiteral("1"));
+    TypeAndLeave("pSLE_RedColor", QStringLiteral("1"));
     Button("pPB_SetCol")->click();
     script_.Answer(IDNO);
     Find<QAction>("KestelGenConf_MecOff")->trigger();
     EXPECT_EQ(script_.Count(), 1);
     EXPECT_EQ(Entry(0), ColourSettings::MakeColour(192, 192, 192));
     EXPECT_EQ(Components(), Rgb(192, 192, 192));
-    EXPECT_EQ(prefix_.ReadWindowsFile("WZELKO.INI"), original_);
+    EXPECT_EQ(Bytes(), original_);
 }
 
 TEST_F(WinColorPage, ClosingTheProgramWithATypedComponentRunsNoHandler) {
-    Start();
+    StartColours();
     ShowPage();
     TypeInto(Edit("pSLE_RedColor"), QStringLiteral("12a"));
     window_.reset();

@@ -2,6 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/ascii_case.h"
+#include "settings/controller_schema.h"
+#include "settings/directory_schema.h"
+#include "settings/machine_schema.h"
+
 namespace wk {
 namespace {
 
@@ -22,6 +27,26 @@ TEST(KeptKeys, HoldsTheHardwareOfTheInstallation) {
     EXPECT_FALSE(IsKeptAsInstalled("CMM", "PORT"));
     EXPECT_FALSE(IsKeptAsInstalled("PH9", "TYPE"));
     EXPECT_FALSE(IsKeptAsInstalled("CONTROLLER", "SUBTYPE"));
+}
+
+// The table is the groups' own declarations, as the merge names them: section upper-cased.
+TEST(KeptKeys, AreTheDeclaredKeysOfTheDirectoriesHardwareControllerAndMethod) {
+    const SettingKey* const kept[] = {
+        &kSystemDir,  &kDataDir,        &kPProgDir,      &kMeasDir,
+        &kUserDir,    &kCmmSimulation,  &kCnc,           &kPh9Simulation,
+        &kPh9Present, &kControllerType, &kVolcompMethod, &kLegacyMethod};
+    for (const SettingKey* key : kept) {
+        EXPECT_TRUE(IsKeptAsInstalled(ToUpperAscii(key->Section), key->Key))
+            << key->Section << " " << key->Key;
+    }
+    for (const SettingKey* key :
+         {static_cast<const SettingKey*>(&kPortIndex), static_cast<const SettingKey*>(&kPh9Serial),
+          static_cast<const SettingKey*>(&kIsQd32z),
+          static_cast<const SettingKey*>(&kCompensActive)}) {
+        EXPECT_FALSE(IsKeptAsInstalled(ToUpperAscii(key->Section), key->Key))
+            << key->Section << " " << key->Key;
+    }
+    EXPECT_TRUE(IsCompensationMethod(ToUpperAscii(kVolcompMethod.Section), kVolcompMethod.Key));
 }
 
 TEST(KeptKeys, MatchesKeysWithoutRegardToCase) {

@@ -1,7 +1,6 @@
 #pragma once
-// Paths for the wide-character Windows calls. The program holds paths as ANSI text (they come
-// from GetWindowsDirectoryA and from the settings files, which are in the ANSI code page), so
-// they are widened through that code page. Windows only.
+// The text of a Windows error code, for the messages that name a file and the reason it could
+// not be read or written. Windows only; file names reach the wide calls through host_path.h.
 
 #ifdef _WIN32
 
@@ -16,15 +15,6 @@
 #include <string>
 
 namespace wk::platform {
-
-inline std::wstring WidePath(const std::string& path) {
-    if (path.empty()) return {};
-    const int n =
-        ::MultiByteToWideChar(CP_ACP, 0, path.data(), static_cast<int>(path.size()), nullptr, 0);
-    std::wstring wide(static_cast<std::size_t>(n), L'\0');
-    ::MultiByteToWideChar(CP_ACP, 0, path.data(), static_cast<int>(path.size()), wide.data(), n);
-    return wide;
-}
 
 // The system's text for a Windows error code, without the trailing line end.
 inline std::string WindowsErrorText(DWORD code) {

@@ -1,7 +1,0 @@
-#include "shell/kestel_page.h"
-
-namespace wk {
-
-KestelPage::KestelPage(TKestelMainWind& mainWind) : mainWind_(mainWind) {}
-
-}  // namespace wk

@@ -1,0 +1,19 @@
+#pragma once
+// Language strings as the window's captions, hints and messages take them.
+
+#include <QString>
+
+#include "i18n/resgenstring.h"
+#include "platform/text_codec.h"
+
+namespace wk {
+
+// Every caller fetches a language string with a maximum length of 200.
+inline constexpr int kLanguageMaxLength = 200;
+
+// Language string `id`, from the ANSI code page of the libraries into a Qt text.
+inline QString LanguageCaption(int id) {
+    return QString::fromStdString(platform::AnsiToUtf8(GetLanguageString(id, kLanguageMaxLength)));
+}
+
+}  // namespace wk

@@ -1,0 +1,30 @@
+#pragma once
+// OpenFileDialog: the file-open dialog that the browse buttons of several pages share.
+//
+// Paths are texts as the settings files hold them (ANSI code page, paths of the measuring
+// application): the initial directory is shown on the host, and the chosen file is given back as
+// the measuring application's path when a drive of the Wine prefix reaches it.
+
+#include <string>
+
+class QFileDialog;
+class QWidget;
+
+namespace wk {
+
+class OpenFileDialog {
+public:
+    // The dialog is made on first use, owned by `owner`.
+    explicit OpenFileDialog(QWidget& owner) : owner_(owner) {}
+
+    // One filter entry "<description> (*.<ext>)"; the dialog starts in `initialDir`. True when a
+    // file was chosen; `path` is unchanged otherwise.
+    bool Browse(std::string& path, const std::string& initialDir, const std::string& ext,
+                const std::string& description);
+
+private:
+    QWidget& owner_;
+    QFileDialog* dialog_ = nullptr;
+};
+
+}  // namespace wk
