@@ -5,6 +5,7 @@
 #include <cctype>
 #include <cerrno>
 #include <cstdio>
+#include <cstring>
 #include <filesystem>
 #include <random>
 #include <set>
@@ -83,6 +84,8 @@ bool FollowLinks(const std::string& path, std::string& target, FileError& error)
     return false;
 }
 
+void RemoveFile(const std::string& path);
+
 // Removes this program's temporary files of `target` that an interrupted save left: names
 // of the pattern only, and only those older than the running save, so that a temporary file
 // another writer is filling right now is never touched.
@@ -96,7 +99,7 @@ void RemoveLeftoverTemporaries(const std::string& target, fs::file_time_type bef
         if (!it->is_regular_file(entryEc) || it->is_symlink(entryEc)) continue;
         const fs::file_time_type written = fs::last_write_time(it->path(), entryEc);
         if (entryEc || written >= before) continue;
-        fs::remove(it->path(), entryEc);
+        RemoveFile(PathToAnsi(it->path()));
     }
 }
 
@@ -196,9 +199,10 @@ bool WriteTemporary(const std::string& path, const std::string& target, const st
     return true;
 }
 
-bool RenameOver(const std::string& from, const std::string& to, int& errorNumber) {
+// Renames `from` over `to`; false with the system's reason otherwise.
+bool RenameOver(const std::string& from, const std::string& to, std::string& reason) {
     if (::rename(from.c_str(), to.c_str()) == 0) return true;
-    errorNumber = errno;
+    reason = std::strerror(errno);
     return false;
 }
 
@@ -221,6 +225,11 @@ bool EntryExists(const std::string& path) {
 
 #else  // _WIN32
 
+// The marks a file carries on Windows that a replacement keeps: read-only, hidden, system and
+// archive, so that a file the user or an installer marked stays marked.
+constexpr DWORD kKeptAttributes = FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_HIDDEN |
+                                  FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_ARCHIVE;
+
 FileError ReadOnlyRefusal(const std::string& path, const std::string& target) {
     const DWORD attributes = ::GetFileAttributesW(PathFromAnsi(target).c_str());
     if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) != 0)
@@ -228,8 +237,13 @@ FileError ReadOnlyRefusal(const std::string& path, const std::string& target) {
     return {};
 }
 
+// Writes `bytes` to a new temporary file beside `target`, flushed to the disk, with the
+// original's attributes. `temp` names it on success. The file's security descriptor is the
+// one the directory gives a new file (an explicit access list on the original is not copied).
 bool WriteTemporary(const std::string& path, const std::string& target, const std::string& bytes,
                     std::string& temp, FileError& error) {
+    const DWORD original = ::GetFileAttributesW(PathFromAnsi(target).c_str());
+    const DWORD kept = original == INVALID_FILE_ATTRIBUTES ? 0 : original & kKeptAttributes;
     static std::mt19937 random{std::random_device{}()};
     static constexpr char kLetters[] =
         "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789";
@@ -257,32 +271,59 @@ bool WriteTemporary(const std::string& path, const std::string& target, const st
         done += n;
     }
     ok = ok && ::FlushFileBuffers(file) != 0;
-    const DWORD code = ok ? 0 : ::GetLastError();
+    DWORD code = ok ? 0 : ::GetLastError();
     ::CloseHandle(file);
+    // The temporary file was hidden while it was written; the file it becomes has the
+    // original's marks (none for a new file).
+    if (ok && !::SetFileAttributesW(PathFromAnsi(temp).c_str(),
+                                    kept != 0 ? kept : FILE_ATTRIBUTE_NORMAL)) {
+        ok = false;
+        code = ::GetLastError();
+    }
     if (!ok) {
-        ::DeleteFileW(PathFromAnsi(temp).c_str());
+        RemoveFile(temp);
         temp.clear();
         error = FileError{path, WindowsErrorText(code)};
         return false;
     }
-    // The temporary file was hidden while it was written; the settings file is not.
-    ::SetFileAttributesW(PathFromAnsi(temp).c_str(), FILE_ATTRIBUTE_NORMAL);
     return true;
 }
 
-bool RenameOver(const std::string& from, const std::string& to, int& errorNumber) {
-    if (::MoveFileExW(PathFromAnsi(from).c_str(), PathFromAnsi(to).c_str(),
-                      MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH))
-        return true;
-    errorNumber = ::GetLastError() == ERROR_ACCESS_DENIED ? EACCES : EIO;
+// Renames `from` over `to`, written through to the disk. Windows refuses to rename over a
+// read-only file; one is only reached here when the user allowed it (--force) or when a
+// journal finishes such a save, so the mark is taken off for the rename, and the replacement
+// carries it again (WriteTemporary gave it the original's marks). False with the system's
+// reason otherwise: a file another program holds open without sharing it is "being used by
+// another process".
+bool RenameOver(const std::string& from, const std::string& to, std::string& reason) {
+    const std::filesystem::path source = PathFromAnsi(from);
+    const std::filesystem::path target = PathFromAnsi(to);
+    constexpr DWORD kFlags = MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH;
+    if (::MoveFileExW(source.c_str(), target.c_str(), kFlags)) return true;
+    DWORD code = ::GetLastError();
+    const DWORD attributes = ::GetFileAttributesW(target.c_str());
+    if (code == ERROR_ACCESS_DENIED && attributes != INVALID_FILE_ATTRIBUTES &&
+        (attributes & FILE_ATTRIBUTE_READONLY) != 0 &&
+        ::SetFileAttributesW(target.c_str(), attributes & ~FILE_ATTRIBUTE_READONLY)) {
+        if (::MoveFileExW(source.c_str(), target.c_str(), kFlags)) return true;
+        code = ::GetLastError();
+        ::SetFileAttributesW(target.c_str(), attributes);
+    }
+    reason = WindowsErrorText(code);
     return false;
 }
 
 // MOVEFILE_WRITE_THROUGH has flushed the rename already.
 void SyncDirectory(const std::string&) {}
 
+// A temporary file may carry the read-only mark of the file it was to replace; Windows
+// deletes no read-only file, so the mark goes first.
 void RemoveFile(const std::string& path) {
-    ::DeleteFileW(PathFromAnsi(path).c_str());
+    const std::filesystem::path file = PathFromAnsi(path);
+    if (!::DeleteFileW(file.c_str()) && ::GetLastError() == ERROR_ACCESS_DENIED) {
+        ::SetFileAttributesW(file.c_str(), FILE_ATTRIBUTE_NORMAL);
+        ::DeleteFileW(file.c_str());
+    }
 }
 
 bool EntryExists(const std::string& path) {
@@ -350,9 +391,9 @@ bool RenameEntries(const std::vector<JournalEntry>& entries, FileError& error) {
     for (const JournalEntry& entry : entries) {
         directories.insert(DirectoryOf(entry.target));
         if (!EntryExists(entry.temp)) continue;
-        int errorNumber = 0;
-        if (!RenameOver(entry.temp, entry.target, errorNumber)) {
-            if (ok) error = ErrnoError(entry.target, errorNumber);
+        std::string reason;
+        if (!RenameOver(entry.temp, entry.target, reason)) {
+            if (ok) error = FileError{entry.target, reason};
             ok = false;
             RemoveFile(entry.temp);
         }
@@ -425,10 +466,10 @@ bool FileReplacement::Commit(FileError& error) {
     if (staged_.size() == 1) {
         const Staged staged = staged_.front();
         staged_.clear();
-        int errorNumber = 0;
-        if (!RenameOver(staged.temp, staged.target, errorNumber)) {
+        std::string reason;
+        if (!RenameOver(staged.temp, staged.target, reason)) {
             RemoveFile(staged.temp);
-            error = ErrnoError(staged.path, errorNumber);
+            error = FileError{staged.path, reason};
             return false;
         }
         SyncDirectory(DirectoryOf(staged.target));
@@ -450,11 +491,11 @@ bool FileReplacement::Commit(FileError& error) {
     }
     // From here the new set is decided: a kill leaves the journal, which the next access
     // completes.
-    int errorNumber = 0;
+    std::string reason;
     const Staged& first = staged_.front();
-    if (!RenameOver(first.temp, first.target, errorNumber)) {
+    if (!RenameOver(first.temp, first.target, reason)) {
         // Nothing is replaced yet, so the old set can still stand whole.
-        error = ErrnoError(first.path, errorNumber);
+        error = FileError{first.path, reason};
         RemoveFile(journal);
         SyncDirectory(journalDirectory_);
         Discard();
@@ -465,11 +506,11 @@ bool FileReplacement::Commit(FileError& error) {
     for (std::size_t i = 1; i < staged_.size(); ++i) {
         const Staged& staged = staged_[i];
         directories.insert(DirectoryOf(staged.target));
-        if (!RenameOver(staged.temp, staged.target, errorNumber)) {
+        if (!RenameOver(staged.temp, staged.target, reason)) {
             // Under the lock only an outside hand (a directory put in the file's place) gets
             // here; the files already replaced stay, and the failure is reported.
             if (ok) {
-                error = ErrnoError(staged.path, errorNumber);
+                error = FileError{staged.path, reason};
                 error.reason += " (the files before it in this save were replaced)";
             }
             ok = false;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
+#include <filesystem>
 
 #ifdef _WIN32
 #include "platform/host_path.h"
@@ -24,9 +25,16 @@ std::string DescribeUnusableFile(const FileStamp& stamp) {
         case FileKind::Directory:
             return "is a directory";
         case FileKind::Unusable:
+#ifdef _WIN32
+            return WindowsErrorText(static_cast<DWORD>(stamp.error));
+#else
             return std::strerror(stamp.error);
+#endif
         case FileKind::NotRegular:
-#ifndef _WIN32
+#ifdef _WIN32
+            if (stamp.typeBits == FILE_TYPE_PIPE) return "is a named pipe, not a regular file";
+            if (stamp.typeBits == FILE_TYPE_CHAR) return "is a device, not a regular file";
+#else
             if (stamp.typeBits == S_IFIFO) return "is a named pipe, not a regular file";
             if (stamp.typeBits == S_IFCHR || stamp.typeBits == S_IFBLK)
                 return "is a device, not a regular file";
@@ -156,22 +164,44 @@ FileStamp StampOf(const WIN32_FILE_ATTRIBUTE_DATA& data) {
 }  // namespace
 
 FileStamp StatFile(const std::string& path) {
+    const std::filesystem::path hostPath = PathFromAnsi(path);
     WIN32_FILE_ATTRIBUTE_DATA data{};
-    if (::GetFileAttributesExW(PathFromAnsi(path).c_str(), GetFileExInfoStandard, &data))
+    if (::GetFileAttributesExW(hostPath.c_str(), GetFileExInfoStandard, &data))
         return StampOf(data);
     FileStamp stamp;
     const DWORD code = ::GetLastError();
-    if (code != ERROR_FILE_NOT_FOUND && code != ERROR_PATH_NOT_FOUND) {
-        stamp.kind = FileKind::Unusable;
-        stamp.error = EACCES;
+    if (code == ERROR_FILE_NOT_FOUND || code == ERROR_PATH_NOT_FOUND) return stamp;
+    // A device name ("CON", "NUL", "COM1", in any folder) or a named pipe has no attributes to
+    // give; opened without any access (which never waits on a pipe), it tells what it is.
+    HANDLE handle =
+        ::CreateFileW(hostPath.c_str(), 0, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                      nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
+    if (handle != INVALID_HANDLE_VALUE) {
+        const DWORD type = ::GetFileType(handle);
+        ::CloseHandle(handle);
+        if (type != FILE_TYPE_DISK) {
+            stamp.exists = true;
+            stamp.kind = FileKind::NotRegular;
+            stamp.typeBits = type;
+            return stamp;
+        }
+    } else if (code == ERROR_BAD_DEV_TYPE) {
+        // A device that cannot be opened here (the console of a program without one).
+        stamp.exists = true;
+        stamp.kind = FileKind::NotRegular;
+        stamp.typeBits = FILE_TYPE_CHAR;
+        return stamp;
     }
+    stamp.kind = FileKind::Unusable;
+    stamp.error = static_cast<int>(code);
     return stamp;
 }
 
 bool ReadWholeFile(const std::string& path, std::size_t maxBytes, std::string& bytes,
                    FileStamp& stamp, FileError& error) {
     stamp = StatFile(path);
-    if (stamp.kind == FileKind::Directory || stamp.kind == FileKind::Unusable) {
+    if (stamp.kind == FileKind::Directory || stamp.kind == FileKind::Unusable ||
+        stamp.kind == FileKind::NotRegular) {
         error = FileError{path, DescribeUnusableFile(stamp)};
         return false;
     }
@@ -183,14 +213,20 @@ bool ReadWholeFile(const std::string& path, std::size_t maxBytes, std::string& b
         return false;
     }
     // Devices and pipes ("CON", "\\.\pipe\x") are no settings files.
-    if (::GetFileType(file) != FILE_TYPE_DISK) {
+    if (const DWORD type = ::GetFileType(file); type != FILE_TYPE_DISK) {
         stamp.kind = FileKind::NotRegular;
+        stamp.typeBits = type;
         error = FileError{path, DescribeUnusableFile(stamp)};
         ::CloseHandle(file);
         return false;
     }
     LARGE_INTEGER size{};
-    if (!::GetFileSizeEx(file, &size) || static_cast<std::uint64_t>(size.QuadPart) > maxBytes) {
+    if (!::GetFileSizeEx(file, &size)) {
+        error = FileError{path, WindowsErrorText(::GetLastError())};
+        ::CloseHandle(file);
+        return false;
+    }
+    if (static_cast<std::uint64_t>(size.QuadPart) > maxBytes) {
         error = ErrnoError(path, EFBIG);
         ::CloseHandle(file);
         return false;

@@ -27,8 +27,11 @@ struct FileStamp {
     bool exists = false;
     bool isDirectory = false;
     FileKind kind = FileKind::Missing;
-    int error = 0;               // the errno of a stat that failed other than for a missing file
-    std::uint32_t typeBits = 0;  // the file type of st_mode (pipe, device or socket)
+    // Why a stat failed other than for a missing file: the errno (on Windows, the system's
+    // error code).
+    int error = 0;
+    // The file type of st_mode (pipe, device or socket); on Windows, GetFileType's.
+    std::uint32_t typeBits = 0;
     std::uint64_t size = 0;
     std::int64_t mtimeSeconds = 0;
     std::int64_t mtimeNanoseconds = 0;

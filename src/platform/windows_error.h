@@ -16,7 +16,7 @@
 
 namespace wk::platform {
 
-// The system's text for a Windows error code, without the trailing line end.
+// The system's text for a Windows error code.
 inline std::string WindowsErrorText(DWORD code) {
     char* text = nullptr;
     const DWORD n = ::FormatMessageA(
@@ -25,8 +25,9 @@ inline std::string WindowsErrorText(DWORD code) {
     std::string result =
         n > 0 && text != nullptr ? std::string(text, n) : "error " + std::to_string(code);
     if (text != nullptr) ::LocalFree(text);
-    while (!result.empty() &&
-           (result.back() == '\n' || result.back() == '\r' || result.back() == ' '))
+    // Without the line end and the full stop, so that the text reads on inside a message.
+    while (!result.empty() && (result.back() == '\n' || result.back() == '\r' ||
+                               result.back() == ' ' || result.back() == '.'))
         result.pop_back();
     return result;
 }
