@@ -49,11 +49,27 @@ std::string Join(const std::string& directory, const std::string& name) {
 }
 
 std::string TemporaryPrefix(const std::string& target) {
-    return "." + NameOf(target) + kTemporaryInfix;
+    // Appended piece by piece: GCC 12 warns wrongly (-Wrestrict) about "." + a string.
+    std::string prefix(1, '.');
+    prefix += NameOf(target);
+    prefix += kTemporaryInfix;
+    return prefix;
 }
 
-// True for "." + name + ".wkestel-" + six letters or digits: a temporary file of this
-// program for `target`, and nothing else (a user's ".WZELKO.INI.wkestel-notes.txt" is not).
+// True for "." + a name + ".wkestel-" + six letters or digits: a temporary file of this
+// program, and nothing else (a user's ".WZELKO.INI.wkestel-notes.txt" is not).
+bool IsTemporaryName(const std::string& entryName) {
+    const std::size_t infixLength = std::char_traits<char>::length(kTemporaryInfix);
+    if (entryName.size() < 2 + infixLength + kTemporarySuffixLength || entryName[0] != '.')
+        return false;
+    const std::size_t infixAt = entryName.size() - kTemporarySuffixLength - infixLength;
+    if (entryName.compare(infixAt, infixLength, kTemporaryInfix) != 0) return false;
+    return std::all_of(entryName.end() - static_cast<std::ptrdiff_t>(kTemporarySuffixLength),
+                       entryName.end(),
+                       [](char c) { return std::isalnum(static_cast<unsigned char>(c)) != 0; });
+}
+
+// The same, for `target` only.
 bool IsTemporaryNameOf(const std::string& entryName, const std::string& target) {
     const std::string prefix = TemporaryPrefix(target);
     if (entryName.size() != prefix.size() + kTemporarySuffixLength) return false;
@@ -86,21 +102,23 @@ bool FollowLinks(const std::string& path, std::string& target, FileError& error)
 
 void RemoveFile(const std::string& path);
 
-// Removes this program's temporary files of `target` that an interrupted save left: names
-// of the pattern only, and only those older than the running save, so that a temporary file
-// another writer is filling right now is never touched.
-void RemoveLeftoverTemporaries(const std::string& target, fs::file_time_type before) {
+// This program's temporary files in `directory` that interrupted saves left: names of the
+// pattern only, regular files, and only those older than the running save, so that a
+// temporary file another writer is filling right now is never among them.
+std::vector<std::string> LeftoverTemporaries(const std::string& directory,
+                                             fs::file_time_type before) {
+    std::vector<std::string> leftovers;
     std::error_code ec;
-    const fs::path directory = PathFromAnsi(DirectoryOf(target));
-    for (fs::directory_iterator it(directory, ec), end; !ec && it != end; it.increment(ec)) {
-        const std::string name = PathToAnsi(it->path().filename());
-        if (!IsTemporaryNameOf(name, target)) continue;
+    for (fs::directory_iterator it(PathFromAnsi(directory), ec), end; !ec && it != end;
+         it.increment(ec)) {
+        if (!IsTemporaryName(PathToAnsi(it->path().filename()))) continue;
         std::error_code entryEc;
         if (!it->is_regular_file(entryEc) || it->is_symlink(entryEc)) continue;
         const fs::file_time_type written = fs::last_write_time(it->path(), entryEc);
         if (entryEc || written >= before) continue;
-        RemoveFile(PathToAnsi(it->path()));
+        leftovers.push_back(PathToAnsi(it->path()));
     }
+    return leftovers;
 }
 
 // ---- the system calls, one small block per system -------------------------------------------
@@ -204,6 +222,26 @@ bool RenameOver(const std::string& from, const std::string& to, std::string& rea
     if (::rename(from.c_str(), to.c_str()) == 0) return true;
     reason = std::strerror(errno);
     return false;
+}
+
+// Writes the journal in its place, flushed. A link planted under its name is not followed.
+bool WriteJournalFile(const std::string& path, const std::string& bytes, FileError& error) {
+    const int fd =
+        ::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC | O_NOFOLLOW, 0600);
+    if (fd < 0) {
+        error = ErrnoError(path, errno);
+        return false;
+    }
+    if (!WriteAllBytes(fd, bytes) || ::fsync(fd) != 0) {
+        error = ErrnoError(path, errno);
+        ::close(fd);
+        return false;
+    }
+    if (::close(fd) != 0) {
+        error = ErrnoError(path, errno);
+        return false;
+    }
+    return true;
 }
 
 // A rename is on the disk once its directory is flushed.
@@ -311,6 +349,25 @@ bool RenameOver(const std::string& from, const std::string& to, std::string& rea
     }
     reason = WindowsErrorText(code);
     return false;
+}
+
+// Writes the journal in its place, flushed (its name with it: NTFS logs the creation, and
+// flushing the file flushes that log).
+bool WriteJournalFile(const std::string& path, const std::string& bytes, FileError& error) {
+    HANDLE file = ::CreateFileW(PathFromAnsi(path).c_str(), GENERIC_WRITE, 0, nullptr,
+                                CREATE_ALWAYS, FILE_ATTRIBUTE_HIDDEN, nullptr);
+    if (file == INVALID_HANDLE_VALUE) {
+        error = FileError{path, WindowsErrorText(::GetLastError())};
+        return false;
+    }
+    DWORD written = 0;
+    const bool ok =
+        ::WriteFile(file, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr) != 0 &&
+        written == bytes.size() && ::FlushFileBuffers(file) != 0;
+    const DWORD code = ok ? 0 : ::GetLastError();
+    ::CloseHandle(file);
+    if (!ok) error = FileError{path, WindowsErrorText(code)};
+    return ok;
 }
 
 // MOVEFILE_WRITE_THROUGH has flushed the rename already.
@@ -437,12 +494,26 @@ bool FileReplacement::Stage(const std::string& path, const std::string& bytes, F
     }
     Staged staged{path, {}, {}};
     if (!FollowLinks(path, staged.target, error)) return false;
-    // Leftovers of interrupted saves go first; a journal still pending would name some of
-    // them, so then they stay for its completion.
+    // Leftovers of interrupted saves of this file go first; a journal still pending would
+    // name some of them, so then they stay for its completion. The directory is listed once
+    // for all the files of this replacement.
     if (!JournalPending(journalDirectory_)) {
-        const auto before =
-            fs::file_time_type::clock::now() - (std::chrono::system_clock::now() - start_);
-        RemoveLeftoverTemporaries(staged.target, before);
+        const std::string directory = DirectoryOf(staged.target);
+        auto listed = leftovers_.find(directory);
+        if (listed == leftovers_.end()) {
+            const auto before =
+                fs::file_time_type::clock::now() - (std::chrono::system_clock::now() - start_);
+            listed = leftovers_.emplace(directory, LeftoverTemporaries(directory, before)).first;
+        }
+        std::vector<std::string>& leftovers = listed->second;
+        for (auto it = leftovers.begin(); it != leftovers.end();) {
+            if (IsTemporaryNameOf(NameOf(*it), staged.target)) {
+                RemoveFile(*it);
+                it = leftovers.erase(it);
+            } else {
+                ++it;
+            }
+        }
     }
     if (!WriteTemporary(path, staged.target, bytes, staged.temp, error)) return false;
     for (Staged& earlier : staged_) {
@@ -477,18 +548,22 @@ bool FileReplacement::Commit(FileError& error) {
     }
 
     std::vector<JournalEntry> entries;
-    for (const Staged& staged : staged_)
+    std::set<std::string> temporaryDirectories{journalDirectory_};
+    for (const Staged& staged : staged_) {
         entries.push_back(JournalEntry{staged.temp, staged.target});
-    const std::string journal = JournalPath(journalDirectory_);
-    {
-        // The journal itself is renamed into place, so that it is there whole or not at all.
-        FileReplacement journalWrite(journalDirectory_);
-        if (!journalWrite.Stage(journal, JournalBytes(entries), error) ||
-            !journalWrite.Commit(error)) {
-            Discard();
-            return false;
-        }
+        temporaryDirectories.insert(DirectoryOf(staged.temp));
     }
+    // The journal is written in its place, not renamed there: one cut short by a kill or a
+    // power failure lacks its end, and a journal without its end renames nothing
+    // (ParseJournal), so it needs no temporary file of its own. Flushing its directory puts its
+    // name on the disk, and with it the temporary files' names, which it must find there.
+    const std::string journal = JournalPath(journalDirectory_);
+    if (!WriteJournalFile(journal, JournalBytes(entries), error)) {
+        RemoveFile(journal);
+        Discard();
+        return false;
+    }
+    for (const std::string& directory : temporaryDirectories) SyncDirectory(directory);
     // From here the new set is decided: a kill leaves the journal, which the next access
     // completes.
     std::string reason;

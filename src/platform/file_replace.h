@@ -12,22 +12,31 @@
 // a new WZELKO.INI beside an old WZELKO32.INI. So a set is committed through a journal:
 //   1. every temporary file is written and flushed (Stage). A failure here removes them all
 //      and replaces nothing.
-//   2. The journal ".wkestel.journal" (each temporary file and the file it replaces) is
-//      written to a temporary file of its own, flushed and renamed into place in the journal
-//      directory, which is then flushed: from this moment the new set is decided.
-//   3. The temporaries are renamed over their files, in the order they were staged.
+//   2. The journal ".wkestel.journal" (each temporary file and the file it replaces, then
+//      "end") is written in its place in the journal directory and flushed, and the directory
+//      is flushed, which puts the journal's name and the temporary files' names on the disk:
+//      from this moment the new set is decided. A journal cut short (no "end") decides
+//      nothing, so it needs no temporary file and rename of its own.
+//   3. The temporaries are renamed over their files, in the order they were staged, and the
+//      directory is flushed again, so that the renames are on the disk before the journal
+//      goes.
 //   4. The journal is removed.
-// A kill before step 2 leaves the old set (and temporary files, which the next save of each
-// file removes); from step 2 on it leaves the journal, and the next access of this program to
-// the directory (every read or write of the profile engine, so the window's start-up and every
-// command of `wkestel`) renames the temporary files that are still there and removes the
-// journal: the new set. So right after a kill each file is old or new, and the set is the
-// old or the new one when no journal is left; after the next access the set is the old or
-// the new one, whole.
+// Every flush of a save is needed for that: each temporary file's (no file is torn), the
+// journal's and the directory's before the renames (the decision survives a power failure),
+// and the directory's after them (no journal is gone while a rename is not yet on the disk).
+// A kill before step 2 ends leaves the old set (with temporary files, which the next save of
+// each file removes, and perhaps a journal cut short, which the next access removes); from
+// then on it leaves the journal, and the next access of this program to the directory (every
+// read or write of the profile engine, so the window's start-up and every command of
+// `wkestel`) renames the temporary files that are still there and removes the journal: the
+// new set. So right after a kill each file is old or new, and the set is the old or the new
+// one when no complete journal is left; after the next access the set is the old or the new
+// one, whole.
 //
 // Temporary files are named "." + the file's name + ".wkestel-" + six letters or digits
 // (".WZELKO.INI.wkestel-a1B2c3"). A save removes the leftovers of interrupted saves of the
-// same file: names of exactly this pattern beside it, older than the save itself.
+// same file: names of exactly this pattern beside it, older than the save itself. The
+// directory is listed once for all the files a save replaces there.
 //
 // Read-only files: a file that has no write permission at all (mode 0444 and the like), or
 // that this user may not write, is not replaced; SetReplaceReadOnlyFiles(true) (the command
@@ -39,6 +48,7 @@
 // that leads nowhere but to itself (a loop) is an error and is never replaced.
 
 #include <chrono>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -92,6 +102,9 @@ private:
     std::string journalDirectory_;
     std::chrono::system_clock::time_point start_;
     std::vector<Staged> staged_;
+    // By directory, listed at the first file staged there: the temporary files that
+    // interrupted saves left, not yet removed.
+    std::map<std::string, std::vector<std::string>> leftovers_;
 };
 
 // True when an interrupted commit left its journal in `directory`.

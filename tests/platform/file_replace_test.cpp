@@ -231,6 +231,36 @@ TEST_F(FileReplace, IncompleteJournalRenamesNothingAndIsRemoved) {
     EXPECT_FALSE(fs::exists(Path(platform::kJournalFileName)));
 }
 
+// The journal is written in its place: a kill between its creation and its writing leaves it
+// empty, and an empty journal decides nothing.
+TEST_F(FileReplace, EmptyJournalRenamesNothingAndItsTemporariesGoWithTheNextSave) {
+    File("A.INI", "[S]\r\nk=old\r\n");
+    Leftover(".A.INI.wkestel-Tmp001");
+    File(platform::kJournalFileName, "");
+    EXPECT_EQ(GetString("S", "k", "", "A.INI"), "old");
+    EXPECT_FALSE(fs::exists(Path(platform::kJournalFileName)));
+    ASSERT_TRUE(WritePrivateProfileStringA("S", "k", "2", "A.INI"));
+    EXPECT_EQ(Entries(), (std::set<std::string>{"A.INI"}));
+}
+
+TEST_F(FileReplace, WholeSaveRemovesTheLeftoversOfEachOfItsFilesAndOfNoOther) {
+    File("A.INI", "[S]\r\nk=1\r\n");
+    File("B.INI", "[S]\r\nk=1\r\n");
+    Leftover(".A.INI.wkestel-a1B2c3");
+    Leftover(".B.INI.wkestel-d4E5f6");
+    Leftover(".A.BAK.wkestel-g7H8i9");
+    Leftover(".OTHER.INI.wkestel-j1K2l3");
+    {
+        ProfileBatch batch(ProfileBatch::Mode::AllOrNothing);
+        ASSERT_TRUE(platform::ReplaceWholeFile("C:\\windows\\A.BAK", "backup"));
+        ASSERT_TRUE(WritePrivateProfileStringA("S", "k", "2", "A.INI"));
+        ASSERT_TRUE(WritePrivateProfileStringA("S", "k", "2", "B.INI"));
+        ASSERT_TRUE(batch.Commit());
+    }
+    EXPECT_EQ(Entries(),
+              (std::set<std::string>{"A.BAK", "A.INI", "B.INI", ".OTHER.INI.wkestel-j1K2l3"}));
+}
+
 TEST_F(FileReplace, JournalNamingAFileThatIsNoTemporaryOfThisProgramRenamesNothing) {
     File("A.INI", "[S]\r\nk=old\r\n");
     File("PRECIOUS.TXT", "not a temporary file");

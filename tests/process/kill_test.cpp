@@ -1,9 +1,10 @@
 // `wkestel` killed with SIGKILL at random moments of a save, many times over.
 //
 // After each kill the files must be old or new, never torn; a whole save (backup, WZELKO.INI,
-// WZELKO32.INI) must be the old set or the new set as soon as no commit journal is left, and
-// after the next access of the program (here a read) whatever the kill left; the backup is
-// never torn; and the next save leaves no temporary file behind.
+// WZELKO32.INI) must be the old set or the new set as soon as no complete commit journal is
+// left (a journal the kill cut short decides nothing), and after the next access of the
+// program (here a read) whatever the kill left; the backup is never torn; and the next save
+// leaves no temporary file behind.
 //
 // The settings file is padded to 1 MB so that writing and flushing take long enough for the
 // kills to land in every phase of a save. The delays are spread over the time an unkilled run
@@ -155,7 +156,8 @@ TEST_F(KillDuringSave, ResaveLeavesTheOldOrTheNewSetWholeAndTheBackupIsNeverTorn
     };
 
     const int rounds = KillRounds(200);
-    int killedOld = 0, killedWithJournal = 0, killedNew = 0, finished = 0, leftTemporaries = 0;
+    int killedOld = 0, killedWithJournal = 0, killedWithCutJournal = 0, killedNew = 0, finished = 0,
+        leftTemporaries = 0;
     for (int round = 0; round < rounds; ++round) {
         ResetDirectory(dir_, old_);
         const bool killed = KillAfter(StartWkestel(Args(resave)), KillDelay());
@@ -168,8 +170,16 @@ TEST_F(KillDuringSave, ResaveLeavesTheOldOrTheNewSetWholeAndTheBackupIsNeverTorn
                 << "round " << round << ": " << name << " is torn (" << after.at(name).size()
                 << " bytes)";
         }
-        const bool journal = Has(after, kJournal);
-        if (!journal) {
+        // A journal is complete once its end is written; one the kill cut short was written
+        // before any rename, and it renames nothing.
+        const bool journal =
+            Has(after, kJournal) && after.at(kJournal).size() >= 4 &&
+            after.at(kJournal).compare(after.at(kJournal).size() - 4, 4, "end\n") == 0;
+        const bool cutJournal = Has(after, kJournal) && !journal;
+        if (cutJournal) {
+            ASSERT_TRUE(isOldSet(after))
+                << "round " << round << ": files replaced before the journal was complete";
+        } else if (!journal) {
             ASSERT_TRUE(isOldSet(after) || isNewSet(after))
                 << "round " << round << ": a mixed set without a journal";
         }
@@ -181,6 +191,9 @@ TEST_F(KillDuringSave, ResaveLeavesTheOldOrTheNewSetWholeAndTheBackupIsNeverTorn
         ASSERT_FALSE(Has(next, kJournal)) << "round " << round;
         if (journal) {
             ASSERT_TRUE(isNewSet(next)) << "round " << round << ": the journal was not completed";
+        } else if (cutJournal) {
+            ASSERT_TRUE(isOldSet(next))
+                << "round " << round << ": a journal cut short renamed something";
         } else {
             ASSERT_TRUE(isOldSet(next) || isNewSet(next)) << "round " << round;
         }
@@ -188,6 +201,8 @@ TEST_F(KillDuringSave, ResaveLeavesTheOldOrTheNewSetWholeAndTheBackupIsNeverTorn
             ++finished;
         else if (journal)
             ++killedWithJournal;
+        else if (cutJournal)
+            ++killedWithCutJournal;
         else if (isOldSet(after))
             ++killedOld;
         else
@@ -205,6 +220,7 @@ TEST_F(KillDuringSave, ResaveLeavesTheOldOrTheNewSetWholeAndTheBackupIsNeverTorn
               << TypicalRunTime().count() / 1000.0 << " ms): killed leaving the old set "
               << killedOld << ", killed with the journal "
               << "written (completed by the next read) " << killedWithJournal
+              << ", killed while the journal was written (nothing renamed) " << killedWithCutJournal
               << ", killed after the commit " << killedNew << ", finished before the kill "
               << finished << "; temporary files left by kills " << leftTemporaries
               << ", all removed by the next save\n";
