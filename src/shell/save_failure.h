@@ -1,11 +1,10 @@
 #pragma once
 // Saving the record from the window, and telling the user when it did not go to plan.
 //
-// Earlier versions of the editor wrote the files without looking at the result, so a Save
-// that could not write lost the edit without a word and Exit then quit as if it had been
-// saved. Telling the user is a deliberate change: the message says which file could not be
-// written and why, no file was changed (the save is all or nothing), and the record stays
-// modified, so that the edits are kept and leaving or Exit asks again.
+// A Save that cannot write must not look like one that did: the edit would be lost without a
+// word and Exit would quit as if it had been saved. So the message says which file could not
+// be written and why, and that no file was changed (the save is all or nothing), and the
+// record stays modified, so that the edits are kept and leaving or Exit asks again.
 
 #include "settings/setup_settings.h"
 
