@@ -5,9 +5,11 @@
 #include "pages/default_points_page.h"
 #include "pages/directories_page.h"
 #include "pages/init_page.h"
+#include "pages/mac_par_page.h"
 #include "pages/mech_offsets_page.h"
 #include "pages/sounds_page.h"
 #include "pages/system_param_page.h"
+#include "pages/volcomp_page.h"
 #include "pages/win_color_page.h"
 
 namespace wk {
@@ -23,7 +25,8 @@ bool HasControllerOptions(const ControllerFlags& flags) {
 // (&MakePage<TPage>) and its sources in src/pages/CMakeLists.txt.
 // clang-format off
 const PageEntry kPages[] = {
-    {.sheetName = "MacParTabSheet", .designCaption = "Machine Parameters", .factory = nullptr,
+    {.sheetName = "MacParTabSheet", .designCaption = "Machine Parameters",
+     .factory = &MakePage<TMacParPage>,
      .helpContext = 18, .storesOnOk = true, .refreshOnEntry = true, .refreshOnChange = false,
      .startPage = true,
      .menu = {.name = "KestelGenConf_MacPar", .popup = MenuPopup::GeneralConfiguration,
@@ -84,7 +87,8 @@ const PageEntry kPages[] = {
      .menu = {.name = "KestelOther_AxesConvention", .popup = MenuPopup::Other,
               .position = 4, .captionId = 19, .hintId = 0}},
     // The menu entry keeps "&Volcomp" in every language (caption id 0).
-    {.sheetName = "VolcompTabSheet", .designCaption = "Volcomp", .factory = nullptr,
+    {.sheetName = "VolcompTabSheet", .designCaption = "Volcomp",
+     .factory = &MakePage<TVolcompPage>,
      .helpContext = 127, .storesOnOk = true, .refreshOnEntry = true, .refreshOnChange = false,
      .startPage = false,
      .menu = {.name = "KestelGenConf_Volcomp", .popup = MenuPopup::GeneralConfiguration,

@@ -43,7 +43,9 @@ std::vector<DosDrive> DosDrives();
 std::string ToHostPath(const std::string& path);
 
 // fopen for paths of the measuring application: the backup and the upgrade build their
-// paths from GetWindowsDirectoryA and "\WZELKO.INI", which are Windows paths.
+// paths from GetWindowsDirectoryA and "\WZELKO.INI", which are Windows paths. A file opened
+// for reading must be a regular file (nullptr with errno EISDIR or ENODEV otherwise), so that
+// a pipe or device in a settings file's place never blocks or floods the program.
 std::FILE* OpenFileA(const char* path, const char* mode);
 
 // remove() for such paths; true when the file was removed.

@@ -64,10 +64,15 @@ TEST(StartUp, WithoutLanguageLibraryShowsTheWorkingDirMessageAndEnds) {
     auto window = StartWindow(script);
 
     ASSERT_EQ(script.Count(), 1);
-    EXPECT_EQ(script.Shown()[0].text, "Be sure working dir is correct ! (C:\\WZELKO)");
+    // The measuring application's text, then the folder that was searched.
+    EXPECT_EQ(script.Shown()[0].text,
+              "Be sure working dir is correct ! (C:\\WZELKO)\n\nThe language library "
+              "Kes32_ENG.dll or Kes32_eng.dll was looked for in " +
+                  cwd.Path().string() + ", the folder the program was started from.");
     EXPECT_EQ(script.Shown()[0].caption, "");
     EXPECT_EQ(script.Shown()[0].type, MB_OK | MB_ICONSTOP);
     EXPECT_TRUE(window->TerminationRequested());
+    EXPECT_TRUE(window->StartupFailed());
     EXPECT_FALSE(window->Ready());
     EXPECT_FALSE(window->RecordRead());
     EXPECT_FALSE(window->PageCtl()->isVisible());
@@ -86,15 +91,32 @@ TEST(StartUp, WithoutSettingsFileShowsString24OnceInitialisesThePagesAndEnds) {
     auto window = StartWindow(script);
 
     ASSERT_EQ(script.Count(), 1);
-    EXPECT_EQ(script.Shown()[0].text, GetLanguageString(24, 200));
+    // String 24, then where the file was looked for.
+    EXPECT_EQ(script.Shown()[0].text, GetLanguageString(24, 200) + "\n\nLooked for " +
+                                          prefix.WindowsFile("WZELKO.INI").string() +
+                                          ": does not exist.");
     EXPECT_EQ(script.Shown()[0].caption, "");
     EXPECT_EQ(script.Shown()[0].type, MB_OK | MB_ICONSTOP);
-    // The sequence ran to its end on defaults before the program ends.
+    // The sequence ran to its end on defaults before the program ends, with a failure.
     EXPECT_TRUE(window->TerminationRequested());
+    EXPECT_TRUE(window->StartupFailed());
     EXPECT_TRUE(window->Ready());
     ASSERT_TRUE(window->RecordRead());
     EXPECT_EQ(Find<QLineEdit>(*window, "pSLE_OffsetX")->text(), QStringLiteral("0"));
     EXPECT_EQ(Find<QLineEdit>(*window, "pSLE_BridgeStroke")->text(), QStringLiteral("0"));
+}
+
+TEST(StartUp, SettingsFileThatIsADirectoryIsNamedInTheMessage) {
+    TempWinePrefix prefix;
+    std::filesystem::create_directory(prefix.WindowsFile("WZELKO.INI"));
+    WorkingDir cwd(WorkingDir::Kind::LanguageLibraries);
+    MessageScript script;
+    auto window = StartWindow(script);
+    ASSERT_EQ(script.Count(), 1);
+    EXPECT_EQ(script.Shown()[0].text, GetLanguageString(24, 200) + "\n\nLooked for " +
+                                          prefix.WindowsFile("WZELKO.INI").string() +
+                                          ": is a directory.");
+    EXPECT_TRUE(window->StartupFailed());
 }
 
 TEST(StartUp, IsHiddenWithItsDesignCaptionUntilTheFirstActivation) {
@@ -119,6 +141,7 @@ TEST(StartUp, FirstActivationShowsThePagesWithTheRecordReadAndUnmodified) {
     EXPECT_EQ(script.Count(), 0);
     ASSERT_TRUE(window->Ready());
     EXPECT_FALSE(window->TerminationRequested());
+    EXPECT_FALSE(window->StartupFailed());
     EXPECT_TRUE(window->PageCtl()->isVisible());
     EXPECT_TRUE(Find<QPushButton>(*window, "pOK")->isVisible());
     EXPECT_TRUE(Find<QPushButton>(*window, "pCancel")->isVisible());
