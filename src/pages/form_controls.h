@@ -19,6 +19,22 @@ namespace wk {
 
 class EditField;
 
+// A control of the form of any kind, named with its objectName, with `caption` as its text (or
+// a group box's title) when it is given.
+template <typename Control>
+Control* MakeFormControl(QWidget* parent, const char* name, const char* caption = nullptr) {
+    auto* control = new Control(parent);
+    control->setObjectName(QString::fromLatin1(name));
+    if (caption != nullptr) {
+        if constexpr (requires { control->setText(QString()); }) {
+            control->setText(QString::fromLatin1(caption));
+        } else if constexpr (requires { control->setTitle(QString()); }) {
+            control->setTitle(QString::fromLatin1(caption));
+        }
+    }
+    return control;
+}
+
 QLabel* MakeFormLabel(QWidget* parent, const char* name, const char* caption);
 EditField* MakeFormEdit(QWidget* parent, const char* name);
 QCheckBox* MakeFormCheck(QWidget* parent, const char* name, const char* caption);

@@ -111,8 +111,8 @@ TEST_F(MacParPage, TheFormsCaptionsStandWhereNoLanguageStringIsNamed) {
     EXPECT_EQ(Group("pGBX_PH9")->title(), QStringLiteral("Indexed Wrist"));
     EXPECT_EQ(Box("pCHB_JX01_Simul")->text(), QStringLiteral("JX01"));
     EXPECT_EQ(Box("p_RB_MODRIVAXM")->text(), QStringLiteral("MODRIVAX-m"));
-    EXPECT_EQ(Box("pCHB_Depth")->text(), QStringLiteral("Dept&h"));
-    EXPECT_EQ(Box("pCHB_Optimal_Speed")->text(), QStringLiteral("&Optimal Speed"));
+    EXPECT_EQ(Box("pCHB_Depth")->text(), QStringLiteral("&Depth"));
+    EXPECT_EQ(Box("pCHB_Optimal_Speed")->text(), QStringLiteral("Optima&l Speed"));
     EXPECT_EQ(Box("pCHB_Tool_Ch")->text(), QStringLiteral("&Tool Changer"));
     EXPECT_EQ(Box("pCHB_Active")->text(), QStringLiteral("&Active"));
     EXPECT_EQ(Label("pST_Term_X")->text(), QStringLiteral("Scale X:"));

@@ -199,10 +199,13 @@ std::vector<std::string> MnemonicClashes(const QWidget* page, const QStringList&
             own[letter] = who;
         }
     };
-    // A group box's caption counts even while it is hidden: no letter is taken from it.
+    // Buttons and group boxes by their own captions (a group box's even while it is hidden);
+    // the other controls by their labels, below.
     for (const QWidget* control : UserControls(page)) {
-        if (control->isVisibleTo(page) || qobject_cast<const QGroupBox*>(control)) {
-            add(control, CaptionOf(control, page));
+        if (auto* button = qobject_cast<const QAbstractButton*>(control)) {
+            if (button->isVisibleTo(page)) add(button, button->text());
+        } else if (auto* group = qobject_cast<const QGroupBox*>(control)) {
+            add(group, group->title());
         }
     }
     for (const QLabel* label : Labels(page)) {
