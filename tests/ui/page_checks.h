@@ -10,7 +10,9 @@
 #include <random>
 #include <set>
 #include <string>
+#include <vector>
 
+class QAbstractButton;
 class QCheckBox;
 class QComboBox;
 
@@ -21,11 +23,19 @@ namespace wk::test {
 void ChooseItem(QComboBox* list, int position);
 // Tabs to the box and presses Space.
 void Tick(QCheckBox* box);
+// A mouse click where the user clicks a check box or radio button: on its indicator (a push
+// button in its middle). The focus moves to it, as it does for a user.
+void ClickIndicator(QAbstractButton* button);
+// Opens the list of `box` and clicks the item with `text`; false when the list has no such item.
+bool ChooseFromList(QComboBox* box, const QString& text);
+// The texts of a combo box's items.
+std::vector<QString> Items(const QComboBox* box);
 
-// Texts of the kinds typed or pasted into an edit: numbers in every form, on the borders of
-// what the conversions take (signs, exponents, separators, hexadecimal, huge), file names and
-// settings-file syntax, letters, non-ASCII text (some of it outside the ANSI code page, some
-// outside the basic plane), blanks, nothing at all, very long text and random characters.
+// Texts of the kinds typed or pasted into an edit: numbers in the forms people type them and on
+// the borders of what the conversions take (signs, exponents, separators, hexadecimal, huge),
+// file names, settings-file syntax and format specifiers, letters, control characters,
+// non-ASCII text (some of it outside the ANSI code page, some outside the basic plane), blanks,
+// nothing at all, very long text and random characters.
 // Seeded, so that a failure can be run again.
 class RandomText {
 public:
@@ -38,6 +48,7 @@ public:
 
 private:
     QString Piece();
+    QString Number();
     QString RandomCharacters(int length);
 
     std::mt19937 rng_;

@@ -199,17 +199,18 @@ std::vector<std::string> MnemonicClashes(const QWidget* page, const QStringList&
             own[letter] = who;
         }
     };
-    // Buttons and group boxes by their own captions (a group box's even while it is hidden);
-    // the other controls by their labels, below.
+    // Shown or not: what a page hides in one state it shows in another, and a letter that the
+    // user has learnt must not lead elsewhere then. Buttons and group boxes by their own
+    // captions, the other controls by their labels.
     for (const QWidget* control : UserControls(page)) {
         if (auto* button = qobject_cast<const QAbstractButton*>(control)) {
-            if (button->isVisibleTo(page)) add(button, button->text());
+            add(button, button->text());
         } else if (auto* group = qobject_cast<const QGroupBox*>(control)) {
             add(group, group->title());
         }
     }
     for (const QLabel* label : Labels(page)) {
-        if (!label->isVisibleTo(page) || MnemonicOf(label->text()).isNull()) continue;
+        if (MnemonicOf(label->text()).isNull()) continue;
         if (!label->buddy()) {
             problems.push_back(NameOf(label) + " \"" + Str(label->text()) +
                                "\" has a mnemonic but no control to go to");

@@ -40,8 +40,9 @@ std::vector<std::string> UnnamedControls(const QWidget* page);
 // popup of the menu bar.
 QStringList WindowMnemonicCaptions(const TKestelMainWind& window);
 
-// The mnemonics of the page's shown captions (buttons, group boxes, labels) are unique on the
-// page and differ from those of `windowCaptions`; a label with a mnemonic has a buddy to go to.
+// The mnemonics of the page's captions (buttons, group boxes, labels; shown or hidden) are
+// unique on the page and differ from those of `windowCaptions`; a label with a mnemonic has a
+// buddy to go to.
 std::vector<std::string> MnemonicClashes(const QWidget* page, const QStringList& windowCaptions);
 
 // Presses Tab from the window's tab row on, as a user does: the first Tab enters `page` (the
