@@ -75,6 +75,8 @@ TNumPointsPage::TNumPointsPage(PageHost& host) : KestelPage(host) {
     pST_NewDefault->setBuddy(pSLE_NewDefault);
 
     auto* listColumn = new QVBoxLayout;
+    // Its own spacing: a nested layout would take the wide one of the frame's row.
+    listColumn->setSpacing(6);
     listColumn->addWidget(pST_ListElement);
     listColumn->addWidget(pLB_Element, 1);
 
