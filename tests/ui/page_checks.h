@@ -33,7 +33,7 @@ std::vector<QString> Items(const QComboBox* box);
 
 // Texts of the kinds typed or pasted into an edit: numbers in the forms people type them and on
 // the borders of what the conversions take (signs, exponents, separators, hexadecimal, huge),
-// file names, settings-file syntax and format specifiers, letters, control characters,
+// file names, settings-file syntax and printf formats, letters, control characters,
 // non-ASCII text (some of it outside the ANSI code page, some outside the basic plane), blanks,
 // nothing at all, very long text and random characters.
 // Seeded, so that a failure can be run again.
