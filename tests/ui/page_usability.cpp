@@ -294,7 +294,8 @@ std::vector<std::string> TabOrderProblems(TKestelMainWind& window, QWidget* page
 
 std::vector<std::string> LayoutProblems(const QWidget* page) {
     std::vector<std::string> problems;
-    const std::string at = " (page " + Size(page->size()) + ")";
+    const std::string at = " (page " + Size(page->size()) + " at scale " +
+                           QString::number(page->devicePixelRatio()).toStdString() + ")";
     std::vector<const QWidget*> shown;
     for (const QWidget* control : UserControls(page)) {
         if (control->isVisible()) shown.push_back(control);
