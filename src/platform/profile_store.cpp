@@ -215,6 +215,16 @@ bool ProfileStore::CommitBatch(std::string& error) {
     return ok;
 }
 
+void ProfileStore::AbandonBatch() {
+    std::vector<std::string> pending;
+    for (const auto& [path, file] : files_) {
+        if (file.dirty || file.mustCreate) pending.push_back(path);
+    }
+    // The edited documents are dropped; the next read parses the files on disk again.
+    for (const std::string& path : pending) files_.erase(path);
+    ++batchNumber_;
+}
+
 void ProfileStore::EndBatch() {
     if (batchDepth_ > 0) --batchDepth_;
 }

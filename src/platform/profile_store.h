@@ -44,6 +44,9 @@ public:
     void BeginBatch();
     bool IsOutermostBatch() const { return batchDepth_ == 1; }
     bool CommitBatch(std::string& error);
+    // Forgets every write of the batch: nothing of it reaches the disk, and later reads see
+    // the files as they are on disk.
+    void AbandonBatch();
     void EndBatch();
     bool HasPendingWrites() const;
 

@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "platform/dos_paths.h"
+#include "platform/profile_dry_run.h"
 #include "platform/text_to_number.h"
 #include "platform/windows_directory.h"
 #include "settings/key_profile_helpers.h"
@@ -143,6 +144,8 @@ std::optional<bool> CopyForBackup(const char* sourceName, const char* targetName
 
 bool ColourSettings::BackupSettingsFiles() {
     Modified = false;
+    // A save that is only tried out, to tell what it would change, writes no file: no backup.
+    if (ProfileDryRun::Active()) return false;
     if (const std::optional<bool> copied = CopyForBackup(kBackupSourcePath, kBackupTargetPath)) {
         return *copied;
     }

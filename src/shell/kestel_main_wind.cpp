@@ -18,6 +18,7 @@
 #include "platform/windows_directory.h"
 #include "settings/directory_schema.h"
 #include "settings/key_profile_helpers.h"
+#include "settings/pending_changes.h"
 #include "settings/settings_files.h"
 #include "shell/client_area.h"
 #include "shell/language_text.h"
@@ -307,8 +308,12 @@ bool TKestelMainWind::ApplyCurrentPage(bool saveWithoutAsking) {
 int TKestelMainWind::AskToSave() {
     const std::string text = GetLanguageString(kIdSaveQuestion, kLanguageMaxLength);
     const std::string caption = GetLanguageString(kIdSaveCaption, kLanguageMaxLength);
-    return MessageBoxA(static_cast<QWidget*>(this), text.c_str(), caption.c_str(),
-                       MB_YESNOCANCEL | MB_ICONQUESTION);
+    // Behind "Show Details...": each key a Yes would change, old and new value, so that the
+    // user knows exactly what the answer does. A record whose changes were all taken back
+    // changes no value, and the question then has no details.
+    const std::string details = PendingChangesText(PendingChanges(settings_));
+    return MessageBoxWithDetails(static_cast<QWidget*>(this), text.c_str(), caption.c_str(),
+                                 MB_YESNOCANCEL | MB_ICONQUESTION, details);
 }
 
 void TKestelMainWind::SelectPageFromMenu(std::size_t row) {
