@@ -1,6 +1,13 @@
-// ReadAll and WriteAll of the settings record, beside the floor measured in the same run:
-// what any program must do to save these files safely (read each file, copy the backup,
-// write each file to a temporary file, flush it to disk, rename it over the original).
+// ReadAll and WriteAll of the settings record, beside two floors measured in the same run, the
+// same file operations done by hand on the same three files (the backup, WZELKO.INI and
+// WZELKO32.INI), each read and written whole:
+//   - each file safely by itself: every file written to a temporary file, flushed, renamed
+//     over the original, and the directory flushed once so that the renames are on the disk
+//     (four flushes). What any program must do so that no file is ever torn.
+//   - all or nothing: the least a program must add so that the three are replaced as one: a
+//     commit record listing them, flushed, with the directory, before the first rename, and
+//     the directory flushed again before the record goes (six flushes). The settings record's
+//     save gives this guarantee, so this is the honest floor of its operation.
 //
 // Two machines: the demo machine's files, and the same WZELKO.INI padded to 1 MB with
 // sections the editor does not know (placed before the real ones, the worst place for a
@@ -45,16 +52,51 @@ void WriteBytes(const fs::path& path, const std::string& bytes) {
     out << bytes;
 }
 
-// The same durable replace the profile engine makes: temporary file, fsync, rename.
-void ReplaceDurably(const fs::path& path, const std::string& bytes) {
-    const fs::path temp = path.string() + ".tmp";
-    std::FILE* file = std::fopen(temp.c_str(), "wb");
-    if (file == nullptr) throw std::runtime_error("cannot write " + temp.string());
-    std::fwrite(bytes.data(), 1, bytes.size(), file);
-    std::fflush(file);
-    ::fsync(::fileno(file));
-    std::fclose(file);
-    fs::rename(temp, path);
+// A new file with `bytes`, flushed to the disk.
+void WriteFlushed(const fs::path& path, const std::string& bytes) {
+    const int fd = ::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0644);
+    if (fd < 0) throw std::runtime_error("cannot write " + path.string());
+    const bool written =
+        ::write(fd, bytes.data(), bytes.size()) == static_cast<ssize_t>(bytes.size());
+    const bool flushed = ::fsync(fd) == 0;
+    ::close(fd);
+    if (!written || !flushed) throw std::runtime_error("cannot write " + path.string());
+}
+
+// Renames and new names in a directory are on the disk once the directory is flushed.
+void FlushDirectory(const fs::path& dir) {
+    const int fd = ::open(dir.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (fd < 0) throw std::runtime_error("cannot open " + dir.string());
+    ::fsync(fd);
+    ::close(fd);
+}
+
+// The three files of a save, read, with one byte changed in each settings file (the change
+// the record's save makes) and the backup made from WZELKO.INI as it was.
+struct SaveFiles {
+    std::string backup, wzelko, wzelko32;
+};
+
+SaveFiles ReadForSave(const fs::path& dir, int& toggle) {
+    SaveFiles files{{}, ReadBytes(dir / "WZELKO.INI"), ReadBytes(dir / "WZELKO32.INI")};
+    files.backup = files.wzelko + '\xFF';
+    files.wzelko[files.wzelko.size() - 3] = (toggle & 1) ? '1' : '2';
+    files.wzelko32[files.wzelko32.size() - 3] = (toggle & 1) ? '1' : '2';
+    ++toggle;
+    return files;
+}
+
+const char* const kSaveNames[] = {"WZELKO.BAK", "WZELKO.INI", "WZELKO32.INI"};
+
+void WriteTemporaries(const fs::path& dir, const SaveFiles& files) {
+    WriteFlushed(dir / ".WZELKO.BAK.tmp", files.backup);
+    WriteFlushed(dir / ".WZELKO.INI.tmp", files.wzelko);
+    WriteFlushed(dir / ".WZELKO32.INI.tmp", files.wzelko32);
+}
+
+void RenameTemporaries(const fs::path& dir) {
+    for (const char* name : kSaveNames)
+        fs::rename(dir / (std::string(".") + name + ".tmp"), dir / name);
 }
 
 std::string Padding(std::size_t targetBytes) {
@@ -98,20 +140,36 @@ void Edit(wk::SetupSettings& record) {
     record.ThermalCompens = !record.ThermalCompens;
 }
 
-void BM_Floor(benchmark::State& state) {
+// Each file safely by itself: temporary files flushed and renamed, the directory flushed.
+void BM_FloorEachFile(benchmark::State& state) {
     BenchPrefix prefix(state.range(0) != 0);
     const fs::path dir = prefix.WindowsDir();
     int toggle = 0;
     for (auto _ : state) {
-        std::string wzelko = ReadBytes(dir / "WZELKO.INI");
-        std::string wzelko32 = ReadBytes(dir / "WZELKO32.INI");
-        WriteBytes(dir / "WZELKO.BAK", wzelko);
-        // The same one-byte-per-file change the record's save makes, kept in place.
-        wzelko[wzelko.size() - 3] = (toggle & 1) ? '1' : '2';
-        wzelko32[wzelko32.size() - 3] = (toggle & 1) ? '1' : '2';
-        ++toggle;
-        ReplaceDurably(dir / "WZELKO.INI", wzelko);
-        ReplaceDurably(dir / "WZELKO32.INI", wzelko32);
+        const SaveFiles files = ReadForSave(dir, toggle);
+        WriteTemporaries(dir, files);
+        RenameTemporaries(dir);
+        FlushDirectory(dir);
+    }
+    state.counters["ini_bytes"] = static_cast<double>(prefix.IniBytes());
+}
+
+// All or nothing: the same, with a flushed commit record that decides the set before the first
+// rename and goes once the renames are on the disk.
+void BM_FloorAllOrNothing(benchmark::State& state) {
+    BenchPrefix prefix(state.range(0) != 0);
+    const fs::path dir = prefix.WindowsDir();
+    int toggle = 0;
+    for (auto _ : state) {
+        const SaveFiles files = ReadForSave(dir, toggle);
+        WriteTemporaries(dir, files);
+        std::string record;
+        for (const char* name : kSaveNames) record += std::string(name) + '\n';
+        WriteFlushed(dir / ".commit", record);
+        FlushDirectory(dir);
+        RenameTemporaries(dir);
+        FlushDirectory(dir);
+        fs::remove(dir / ".commit");
     }
     state.counters["ini_bytes"] = static_cast<double>(prefix.IniBytes());
 }
@@ -178,7 +236,8 @@ void Machines(benchmark::internal::Benchmark* b) {
     b->ArgName("padded_1MB")->Arg(0)->Arg(1)->Unit(benchmark::kMicrosecond);
 }
 
-BENCHMARK(BM_Floor)->Apply(Machines);
+BENCHMARK(BM_FloorEachFile)->Apply(Machines);
+BENCHMARK(BM_FloorAllOrNothing)->Apply(Machines);
 BENCHMARK(BM_ReadAllWriteAll)->Apply(Machines);
 BENCHMARK(BM_WriteAll)->Apply(Machines);
 BENCHMARK(BM_ReadAllWarm)->Apply(Machines);

@@ -54,7 +54,10 @@ int main(int argc, char** argv) {
         // The start-up sequence runs on the first activation; a display without a window
         // manager does not activate a window that is merely shown.
         mainWind.activateWindow();
-        return QApplication::exec();
+        const int status = QApplication::exec();
+        // A start-up that failed ends the program as any other end does; scripts and service
+        // tools still need to tell it from a normal end.
+        return mainWind.StartupFailed() ? 1 : status;
     } catch (const std::exception& error) {
         wk::MessageBoxA(nullptr, error.what(), "WKestel32", wk::MB_OK | wk::MB_ICONSTOP);
         return 1;

@@ -1,5 +1,6 @@
 // wkestel-screenshots DIR: the window on the current Wine prefix (WINEPREFIX), one PNG per
-// page that exists and one of the about box, drawn offscreen. For the README.
+// page that exists, one of the directory dialog and one of the about box, drawn offscreen. For
+// the README.
 //
 // Run it from the folder that holds the language libraries, as the program itself.
 
@@ -11,6 +12,7 @@
 #include <cstdlib>
 
 #include "dialogs/about_box.h"
+#include "dialogs/open_dir_dialog.h"
 #include "pages/page_table.h"
 #include "platform/message_box.h"
 #include "shell/kestel_main_wind.h"
@@ -68,6 +70,13 @@ int main(int argc, char** argv) {
         QWidget* sheet = pages->Sheet(i);
         pages->SetActivePage(sheet);
         save(mainWind, sheet->objectName());
+    }
+    // The directory dialog of the directories page, open at the data directory.
+    if (auto* dialog = mainWind.findChild<wk::TOpenDirDialog*>(QStringLiteral("OpenDirDialog"))) {
+        dialog->SetDirectory(mainWind.Settings().DataDir);
+        dialog->show();
+        save(*dialog, QStringLiteral("OpenDirDialog"));
+        dialog->hide();
     }
     wk::TAboutBox about(&mainWind);
     about.show();

@@ -8,9 +8,12 @@
 #include <vector>
 
 #include "cli/commands.h"
+#include "cli/file_state.h"
 #include "cli/help_texts.h"
 #include "cli/windows_directory_check.h"
+#include "platform/file_replace.h"
 #include "platform/profile.h"
+#include "platform/profile_files.h"
 
 namespace wk::cli {
 namespace {
@@ -47,17 +50,76 @@ void AddSizeOption(CLI::App* command, std::uint32_t& size) {
 
 void ReportWriteResult(bool ok, CliContext& ctx) {
     if (!ok) {
-        ctx.err << "wkestel: " << LastProfileError() << '\n';
+        ctx.err << "wkestel: " << LastProfileError();
+        if (platform::LastProfileFailure().reason.find("read-only") != std::string::npos)
+            ctx.err << " (--force replaces it all the same)";
+        ctx.err << '\n';
         ctx.exitCode = 1;
     }
 }
 
+bool HasLineBreak(const std::string& text) {
+    return text.find_first_of("\r\n") != std::string::npos;
+}
+
+std::string TrimmedOfSpaces(const std::string& text) {
+    const std::size_t first = text.find_first_not_of(' ');
+    if (first == std::string::npos) return {};
+    return text.substr(first, text.find_last_not_of(' ') - first + 1);
+}
+
+// What of a write the Windows call makes verbatim but no read can give back as written: the
+// call has no escaping, so such names and values change the file's structure. The write is
+// made all the same (it is the call's behaviour), and the user is told.
+std::vector<std::string> ReadBackProblems(const std::string& section, const std::string& key,
+                                          const std::string* value) {
+    std::vector<std::string> problems;
+    if (HasLineBreak(section)) problems.push_back("the section name holds a line break");
+    if (section.find(']') != std::string::npos)
+        problems.push_back("the section name holds \"]\", where the header's name ends");
+    if (HasLineBreak(key)) problems.push_back("the key holds a line break");
+    if (key.find('=') != std::string::npos)
+        problems.push_back("the key holds \"=\", where the key's name ends");
+    const std::string trimmedKey = TrimmedOfSpaces(key);
+    if (!trimmedKey.empty() && trimmedKey.front() == ';')
+        problems.push_back("the key begins with \";\", which makes the line a comment");
+    if (!trimmedKey.empty() && trimmedKey.front() == '[')
+        problems.push_back("the key begins with \"[\", which makes the line a section header");
+    if (value != nullptr && HasLineBreak(*value))
+        problems.push_back("the value holds a line break, which starts new lines in the file");
+    return problems;
+}
+
+void WarnOfReadBackProblems(const std::vector<std::string>& problems, CliContext& ctx) {
+    for (const std::string& problem : problems) {
+        ctx.err << "wkestel: warning: " << problem
+                << ": written as the Windows call writes it, but it cannot be read back as "
+                   "written\n";
+    }
+}
+
+// --force for the one command it is given to: read-only files may be replaced while the
+// command runs, and not after (the tests run many commands in one process).
+class ForceScope {
+public:
+    explicit ForceScope(bool force) { platform::SetReplaceReadOnlyFiles(force); }
+    ~ForceScope() { platform::SetReplaceReadOnlyFiles(false); }
+    ForceScope(const ForceScope&) = delete;
+    ForceScope& operator=(const ForceScope&) = delete;
+};
+
 struct ProfileArgs {
     std::string file, section, key, value, defaultText;
     bool hasDefault = false;
+    bool force = false;
     std::int32_t intDefault = 0;
     std::uint32_t size = kDefaultBufferSize;
 };
+
+void AddForceOption(CLI::App* command, bool& force) {
+    command->add_flag("--force", force,
+                      "Replace the file even when it is read-only (its mode stays read-only)");
+}
 
 }  // namespace
 
@@ -91,6 +153,7 @@ void AddProfileCommand(CLI::App& app, CliContext& ctx) {
                                      args->hasDefault ? args->defaultText.c_str() : "",
                                      buffer.data(), args->size, args->file.c_str());
         ctx.out << std::string(buffer.data(), n) << '\n';
+        NoteProfileFileState(args->file, ctx);
     });
 
     auto* keys = profile->add_subcommand("keys", "List the keys of a section, one per line");
@@ -103,6 +166,7 @@ void AddProfileCommand(CLI::App& app, CliContext& ctx) {
         const std::uint32_t n = GetPrivateProfileStringA(
             args->section.c_str(), nullptr, "", buffer.data(), args->size, args->file.c_str());
         PrintNameList(buffer, n, ctx.out);
+        NoteProfileFileState(args->file, ctx);
     });
 
     auto* sections = profile->add_subcommand("sections", "List the sections, one per line");
@@ -114,6 +178,7 @@ void AddProfileCommand(CLI::App& app, CliContext& ctx) {
         const std::uint32_t n = GetPrivateProfileStringA(nullptr, nullptr, "", buffer.data(),
                                                          args->size, args->file.c_str());
         PrintNameList(buffer, n, ctx.out);
+        NoteProfileFileState(args->file, ctx);
     });
 
     auto* integer = profile->add_subcommand("int", "Print a key's value read as an integer");
@@ -129,6 +194,7 @@ void AddProfileCommand(CLI::App& app, CliContext& ctx) {
         ctx.out << GetPrivateProfileIntA(args->section.c_str(), args->key.c_str(), args->intDefault,
                                          args->file.c_str())
                 << '\n';
+        NoteProfileFileState(args->file, ctx);
     });
 
     auto* set = profile->add_subcommand("set", "Set a key, creating section and file if needed");
@@ -138,11 +204,15 @@ void AddProfileCommand(CLI::App& app, CliContext& ctx) {
     set->add_option("VALUE", args->value,
                     "Value, written as given (an empty text is an empty value)")
         ->required();
+    AddForceOption(set, args->force);
     set->callback([args, &ctx] {
         if (!CheckWindowsDirectoryFor(args->file, ctx)) return;
-        ReportWriteResult(WritePrivateProfileStringA(args->section.c_str(), args->key.c_str(),
-                                                     args->value.c_str(), args->file.c_str()),
-                          ctx);
+        const ForceScope force(args->force);
+        const bool ok = WritePrivateProfileStringA(args->section.c_str(), args->key.c_str(),
+                                                   args->value.c_str(), args->file.c_str());
+        ReportWriteResult(ok, ctx);
+        if (ok)
+            WarnOfReadBackProblems(ReadBackProblems(args->section, args->key, &args->value), ctx);
     });
 
     auto* del = profile->add_subcommand(
@@ -150,8 +220,10 @@ void AddProfileCommand(CLI::App& app, CliContext& ctx) {
     del->add_option("FILE", args->file, kFileHelp)->required();
     del->add_option("SECTION", args->section, kSectionHelp)->required();
     del->add_option("KEY", args->key, "Key to delete; without it the whole section goes");
+    AddForceOption(del, args->force);
     del->callback([args, del, &ctx] {
         if (!CheckWindowsDirectoryFor(args->file, ctx)) return;
+        const ForceScope force(args->force);
         const bool wholeSection = del->count("KEY") == 0;
         ReportWriteResult(WritePrivateProfileStringA(args->section.c_str(),
                                                      wholeSection ? nullptr : args->key.c_str(),

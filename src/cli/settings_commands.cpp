@@ -15,10 +15,12 @@
 #include <vector>
 
 #include "cli/commands.h"
+#include "cli/file_state.h"
 #include "cli/settings_listing.h"
 #include "cli/windows_directory_check.h"
 #include "platform/ascii_case.h"
 #include "platform/file_lookup.h"
+#include "platform/file_replace.h"
 #include "platform/host_path.h"
 #include "platform/profile.h"
 #include "platform/scratch_directory.h"
@@ -126,7 +128,7 @@ std::vector<SettingsLevel> ChangedFromDefaults(const std::vector<SettingsLevel>&
 }
 
 void Show(bool json, bool changedOnly, CliContext& ctx) {
-    if (!CheckWindowsDirectory(ctx)) return;
+    if (!CheckWindowsDirectory(ctx) || !CheckSettingsFilesReadable(ctx)) return;
     const LoadedRecord loaded = LoadRecord();
     std::vector<SettingsLevel> levels = ListSettings(*loaded.record);
     std::map<std::string, SettingValue> defaultOf;
@@ -285,7 +287,7 @@ std::vector<Change> Compare(const std::string& file, const std::vector<KeyValue>
 }
 
 void Check(bool json, CliContext& ctx) {
-    if (!CheckWindowsDirectory(ctx)) return;
+    if (!CheckWindowsDirectory(ctx) || !CheckSettingsFilesReadable(ctx)) return;
     const fs::path windowsDir = platform::PathFromAnsi(platform::WindowsDirectoryHostPath());
     const LoadedRecord loaded = LoadRecord();
 
@@ -312,11 +314,9 @@ void Check(bool json, CliContext& ctx) {
         scratch.Activate();
         std::map<std::string, std::vector<KeyValue>> before;
         for (const char* name : files) before[name] = Snapshot(name);
-        written = loaded.record->WriteAll();
-        if (!written) {
-            writeError =
-                LastProfileError().empty() ? LastFailedProfileWriteError() : LastProfileError();
-        }
+        SaveResult result;
+        written = loaded.record->WriteAll(result);
+        if (!written) writeError = result.Text();
         for (const char* name : files) {
             const std::vector<Change> fileChanges = Compare(name, before[name], Snapshot(name));
             changes.insert(changes.end(), fileChanges.begin(), fileChanges.end());
@@ -366,16 +366,25 @@ void Check(bool json, CliContext& ctx) {
 
 // ---- resave -----------------------------------------------------------------------------
 
-void Resave(CliContext& ctx) {
-    if (!CheckWindowsDirectory(ctx)) return;
+void Resave(bool force, CliContext& ctx) {
+    if (!CheckWindowsDirectory(ctx) || !CheckSettingsFilesReadable(ctx)) return;
     const LoadedRecord loaded = LoadRecord();
-    if (!loaded.record->WriteAll()) {
-        const std::string& why =
-            LastProfileError().empty() ? LastFailedProfileWriteError() : LastProfileError();
-        ctx.err << "wkestel: the settings could not be saved: " << why << '\n';
+    // Read-only files are replaced only when the user says so, for this one save.
+    platform::SetReplaceReadOnlyFiles(force);
+    SaveResult result;
+    const bool saved = loaded.record->WriteAll(result);
+    platform::SetReplaceReadOnlyFiles(false);
+    if (!saved) {
+        ctx.err << "wkestel: the settings could not be saved, no file was changed: "
+                << result.Text();
+        if (result.Reason.find("read-only") != std::string::npos)
+            ctx.err << " (--force replaces it all the same)";
+        ctx.err << '\n';
         ctx.exitCode = 1;
         return;
     }
+    if (!result.BackupProblem.empty())
+        ctx.err << "wkestel: warning: saved without the backup: " << result.BackupProblem << '\n';
     ctx.out << "Saved " << kWzelkoIni << " and " << kWzelko32Ini << " in "
             << platform::WindowsDirectoryHostPath() << '\n';
 }
@@ -418,11 +427,15 @@ void AddSettingsCommands(CLI::App& app, CliContext& ctx) {
     check->add_flag("--json", *checkJson, "JSON output");
     check->callback([checkJson, &ctx] { Guarded(ctx, [&] { Check(*checkJson, ctx); }); });
 
+    auto resaveForce = std::make_shared<bool>(false);
     auto* resave = app.add_subcommand(
         "resave",
         "Read every setting and write them all back, exactly as Save does after a change:\n"
-        "the backup first (WZELKO.BAK), then every group's keys in order");
-    resave->callback([&ctx] { Guarded(ctx, [&] { Resave(ctx); }); });
+        "the backup first (WZELKO.BAK), then every group's keys in order. The backup and both\n"
+        "files are replaced together or not at all");
+    resave->add_flag("--force", *resaveForce,
+                     "Replace the files even when they are read-only (they stay read-only)");
+    resave->callback([resaveForce, &ctx] { Guarded(ctx, [&] { Resave(*resaveForce, ctx); }); });
 }
 
 }  // namespace wk::cli

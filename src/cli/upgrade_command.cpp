@@ -3,9 +3,11 @@
 // pass, what it carried and what it left and why.
 
 #include <CLI/CLI.hpp>
+#include <memory>
 
 #include "cli/commands.h"
 #include "cli/windows_directory_check.h"
+#include "platform/file_replace.h"
 #include "upgrade/upgrade_settings.h"
 
 namespace wk::cli {
@@ -92,10 +94,15 @@ void AddUpgradeCommand(CLI::App& app, CliContext& ctx) {
         "installed WZELKO.INI and WZELKO32.INI, as the editor started with UPGRADE does.\n"
         "Directories, simulation switches, hardware presence, controller type and the\n"
         "compensation method keep their installed values.");
-    upgrade->callback([&ctx] {
+    auto force = std::make_shared<bool>(false);
+    upgrade->add_flag("--force", *force,
+                      "Replace the fresh files even when they are read-only (they stay so)");
+    upgrade->callback([force, &ctx] {
         if (!CheckWindowsDirectory(ctx)) return;
         StreamProgress progress(ctx.err);
+        platform::SetReplaceReadOnlyFiles(*force);
         const UpgradeReport report = UpgradeSettingsFiles(progress);
+        platform::SetReplaceReadOnlyFiles(false);
         for (const UpgradePassReport& pass : report.passes) PrintPass(pass, ctx);
         ctx.exitCode = report.Succeeded() ? 0 : 1;
     });

@@ -1,5 +1,6 @@
 #include "cli/windows_directory_check.h"
 
+#include "platform/profile_files.h"
 #include "platform/windows_directory.h"
 
 namespace wk::cli {
@@ -15,6 +16,9 @@ bool CheckWindowsDirectory(CliContext& ctx) {
         ctx.exitCode = 1;
         return false;
     }
+    // A save that a kill interrupted is completed before any command looks at the files,
+    // also by the commands that open them by other means than the profile functions.
+    platform::CompleteInterruptedSaves();
     return true;
 }
 

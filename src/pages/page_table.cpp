@@ -1,10 +1,15 @@
 #include "pages/page_table.h"
 
 #include "pages/axes_conv_page.h"
+#include "pages/controller_page.h"
 #include "pages/default_points_page.h"
+#include "pages/directories_page.h"
 #include "pages/init_page.h"
+#include "pages/mac_par_page.h"
 #include "pages/mech_offsets_page.h"
+#include "pages/sounds_page.h"
 #include "pages/system_param_page.h"
+#include "pages/volcomp_page.h"
 #include "pages/win_color_page.h"
 
 namespace wk {
@@ -20,7 +25,8 @@ bool HasControllerOptions(const ControllerFlags& flags) {
 // (&MakePage<TPage>) and its sources in src/pages/CMakeLists.txt.
 // clang-format off
 const PageEntry kPages[] = {
-    {.sheetName = "MacParTabSheet", .designCaption = "Machine Parameters", .factory = nullptr,
+    {.sheetName = "MacParTabSheet", .designCaption = "Machine Parameters",
+     .factory = &MakePage<TMacParPage>,
      .helpContext = 18, .storesOnOk = true, .refreshOnEntry = true, .refreshOnChange = false,
      .startPage = true,
      .menu = {.name = "KestelGenConf_MacPar", .popup = MenuPopup::GeneralConfiguration,
@@ -42,7 +48,8 @@ const PageEntry kPages[] = {
      .startPage = false,
      .menu = {.name = "KestelGenConf_MecOff", .popup = MenuPopup::GeneralConfiguration,
               .position = 5, .captionId = 8, .hintId = 32}},
-    {.sheetName = "ControllerTabSheet", .designCaption = "Controller", .factory = nullptr,
+    {.sheetName = "ControllerTabSheet", .designCaption = "Controller",
+     .factory = &MakePage<TControllerPage>,
      .helpContext = 22, .storesOnOk = true, .refreshOnEntry = true, .refreshOnChange = false,
      .startPage = false,
      .menu = {.name = "KestelGenConf_Controller", .popup = MenuPopup::GeneralConfiguration,
@@ -55,7 +62,7 @@ const PageEntry kPages[] = {
      .startPage = false,
      .menu = {.name = "KestelElemPar_NumPts", .popup = MenuPopup::ElementParameters,
               .position = 1, .captionId = 14, .hintId = 34}},
-    {.sheetName = "SoundsTabSheet", .designCaption = "Sounds", .factory = nullptr,
+    {.sheetName = "SoundsTabSheet", .designCaption = "Sounds", .factory = &MakePage<TSoundsPage>,
      .helpContext = 26, .storesOnOk = true, .refreshOnEntry = true, .refreshOnChange = false,
      .startPage = false,
      .menu = {.name = "KestelOther_Sounds", .popup = MenuPopup::Other,
@@ -66,7 +73,8 @@ const PageEntry kPages[] = {
      .startPage = false,
      .menu = {.name = "KestelOther_WindowsColor", .popup = MenuPopup::Other,
               .position = 2, .captionId = 16, .hintId = 37}},
-    {.sheetName = "DirectoriesTabSheet", .designCaption = "Directories", .factory = nullptr,
+    {.sheetName = "DirectoriesTabSheet", .designCaption = "Directories",
+     .factory = &MakePage<TDirectoriesPage>,
      .helpContext = 30, .storesOnOk = true, .refreshOnEntry = false, .refreshOnChange = false,
      .startPage = false,
      .menu = {.name = "KestelOther_Directories", .popup = MenuPopup::Other,
@@ -79,7 +87,8 @@ const PageEntry kPages[] = {
      .menu = {.name = "KestelOther_AxesConvention", .popup = MenuPopup::Other,
               .position = 4, .captionId = 19, .hintId = 0}},
     // The menu entry keeps "&Volcomp" in every language (caption id 0).
-    {.sheetName = "VolcompTabSheet", .designCaption = "Volcomp", .factory = nullptr,
+    {.sheetName = "VolcompTabSheet", .designCaption = "Volcomp",
+     .factory = &MakePage<TVolcompPage>,
      .helpContext = 127, .storesOnOk = true, .refreshOnEntry = true, .refreshOnChange = false,
      .startPage = false,
      .menu = {.name = "KestelGenConf_Volcomp", .popup = MenuPopup::GeneralConfiguration,

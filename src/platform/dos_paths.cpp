@@ -1,6 +1,16 @@
 #include "platform/dos_paths.h"
 
+#ifdef _WIN32
+#define WIN32_LEAN_AND_MEAN
+#ifndef NOMINMAX
+#define NOMINMAX
+#endif
+#include <windows.h>
+#endif
+
+#include <algorithm>
 #include <cctype>
+#include <cerrno>
 #include <cstdio>
 #include <filesystem>
 #include <string_view>
@@ -12,6 +22,21 @@
 #include "platform/file_lookup.h"
 #include "platform/host_path.h"
 #include "platform/windows_directory.h"
+
+#ifdef _WIN32
+#ifndef WIN32_LEAN_AND_MEAN
+#define WIN32_LEAN_AND_MEAN
+#endif
+#ifndef NOMINMAX
+#define NOMINMAX
+#endif
+#include <io.h>
+#include <windows.h>
+#else
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#endif
 
 namespace wk::platform {
 namespace fs = std::filesystem;
@@ -159,6 +184,26 @@ std::optional<std::string> HostToDosPath(const std::string& hostPath) {
 #endif
 }
 
+std::vector<DosDrive> DosDrives() {
+    std::vector<DosDrive> drives;
+#ifdef _WIN32
+    const DWORD mask = ::GetLogicalDrives();
+    for (int i = 0; i < 26; ++i) {
+        if (mask & (DWORD{1} << i)) {
+            const char letter = static_cast<char>('A' + i);
+            drives.push_back({letter, std::string(1, letter) + ":\\"});
+        }
+    }
+#else
+    for (const auto& [letter, target] : Drives()) {
+        drives.push_back({ToUpperAscii(letter), target.string()});
+    }
+    std::sort(drives.begin(), drives.end(),
+              [](const DosDrive& a, const DosDrive& b) { return a.letter < b.letter; });
+#endif
+    return drives;
+}
+
 std::string ToHostPath(const std::string& path) {
 #ifdef _WIN32
     return path;
@@ -175,16 +220,44 @@ std::string ToHostPath(const std::string& path) {
 
 std::FILE* OpenFileA(const char* path, const char* mode) {
     if (path == nullptr || mode == nullptr) return nullptr;
-#ifdef _WIN32
-    // The name is ANSI-code-page bytes; the file system's names are UTF-16 (host_path.h).
-    const std::wstring wideMode(mode, mode + std::char_traits<char>::length(mode));
-    return ::_wfopen(PathFromAnsi(path).c_str(), wideMode.c_str());
-#else
     std::string hostMode;
     for (const char* m = mode; *m != '\0'; ++m) {
         if (*m != 't') hostMode.push_back(*m);  // text mode is the only mode outside Windows
     }
-    return std::fopen(ToHostPath(path).c_str(), hostMode.c_str());
+    const bool reading = hostMode == "r" || hostMode == "rb";
+#ifdef _WIN32
+    // The name is ANSI-code-page bytes; the file system's names are UTF-16 (host_path.h).
+    const std::wstring wideMode(mode, mode + std::char_traits<char>::length(mode));
+    std::FILE* file = ::_wfopen(PathFromAnsi(path).c_str(), wideMode.c_str());
+    // A device ("CON", "\\.\COM1") or a pipe is no settings file: a console would wait
+    // for typing, a port for data.
+    if (file != nullptr && reading &&
+        ::GetFileType(reinterpret_cast<HANDLE>(::_get_osfhandle(::_fileno(file)))) !=
+            FILE_TYPE_DISK) {
+        std::fclose(file);
+        errno = ENODEV;
+        return nullptr;
+    }
+    return file;
+#else
+    const std::string host = ToHostPath(path);
+    if (!reading) return std::fopen(host.c_str(), hostMode.c_str());
+    // A file that is read must be a regular file: opening a named pipe would wait for a
+    // writer for ever, and a device such as /dev/zero never ends. It is opened without
+    // blocking and looked at before anything is read.
+    const int fd = ::open(host.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
+    if (fd < 0) return nullptr;
+    struct stat st {};
+    if (::fstat(fd, &st) != 0 || !S_ISREG(st.st_mode)) {
+        const int why = S_ISDIR(st.st_mode) ? EISDIR : ENODEV;
+        ::close(fd);
+        errno = why;
+        return nullptr;
+    }
+    ::fcntl(fd, F_SETFL, ::fcntl(fd, F_GETFL) & ~O_NONBLOCK);
+    std::FILE* file = ::fdopen(fd, hostMode.c_str());
+    if (file == nullptr) ::close(fd);
+    return file;
 #endif
 }
 

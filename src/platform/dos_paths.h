@@ -9,6 +9,7 @@
 #include <cstdio>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace wk::platform {
 
@@ -25,12 +26,26 @@ std::optional<std::string> DosToHostPath(const std::string& dosPath);
 // contains it, with '\' separators. nullopt when no drive of the prefix reaches it.
 std::optional<std::string> HostToDosPath(const std::string& hostPath);
 
+// A drive the measuring application can name: its letter, upper case, and the host directory
+// it stands for. Under Wine that is the target of the prefix's dosdevices link, which need not
+// exist (a drive whose medium is missing); on Windows the drive's root, "D:\".
+struct DosDrive {
+    char letter;
+    std::string hostRoot;
+};
+
+// The drives, in letter order: under Wine the letters of the prefix's dosdevices links, C:
+// always (drive_c when it has no link); on Windows the logical drives.
+std::vector<DosDrive> DosDrives();
+
 // Any path the program handles (a bare name is taken relative to the working directory;
 // a dos path is mapped; a host path is kept) as a host path.
 std::string ToHostPath(const std::string& path);
 
 // fopen for paths of the measuring application: the backup and the upgrade build their
-// paths from GetWindowsDirectoryA and "\WZELKO.INI", which are Windows paths.
+// paths from GetWindowsDirectoryA and "\WZELKO.INI", which are Windows paths. A file opened
+// for reading must be a regular file (nullptr with errno EISDIR or ENODEV otherwise), so that
+// a pipe or device in a settings file's place never blocks or floods the program.
 std::FILE* OpenFileA(const char* path, const char* mode);
 
 // remove() for such paths; true when the file was removed.

@@ -5,7 +5,9 @@
 #include <string>
 #include <string_view>
 
+#include "platform/dos_paths.h"
 #include "platform/profile_dry_run.h"
+#include "platform/profile_files.h"
 #include "platform/profile_store.h"
 #include "platform/text_codec.h"
 #include "platform/windows_directory.h"
@@ -24,8 +26,18 @@ namespace {
 using platform::ProfileDocument;
 using platform::ProfileStore;
 
-std::string& LastError() {
-    return platform::LastProfileErrorText();
+struct LastFailure {
+    platform::FileError error;
+    std::string text;
+};
+
+LastFailure& Last() {
+    thread_local LastFailure last;
+    return last;
+}
+
+void Fail(const std::string& path, const std::string& reason) {
+    platform::RecordProfileFailure(platform::FileError{path, reason});
 }
 
 // Arguments are trimmed of spaces only: a TAB is part of the name, as on Windows.
@@ -190,25 +202,25 @@ std::uint32_t GetPrivateProfileIntA(const char* section, const char* key, std::i
 bool WritePrivateProfileStringA(const char* section, const char* key, const char* value,
                                 const char* fileName) {
     if (section == nullptr && key == nullptr && value == nullptr) {
-        LastError().clear();  // a flush: writes are never held back outside a batch
+        platform::RecordProfileFailure({});  // a flush: writes are never held back outside a batch
         return true;
     }
     if (section == nullptr) {
-        LastError() = std::string(fileName != nullptr ? fileName : "WIN.INI") +
-                      ": a key cannot be written without a section";
+        Fail(fileName != nullptr ? fileName : "WIN.INI",
+             "a key cannot be written without a section");
         return false;
     }
     const std::string_view sectionName = TrimSpaces(section);
     const std::size_t length = sectionName.size() + (key != nullptr ? std::strlen(key) : 0) +
                                (value != nullptr ? std::strlen(value) : 0);
     if (length > ProfileDocument::kMaxFileBytes / 4) {
-        LastError() =
-            std::string(fileName != nullptr ? fileName : "WIN.INI") + ": " + std::strerror(EFBIG);
+        Fail(fileName != nullptr ? fileName : "WIN.INI", std::strerror(EFBIG));
         return false;
     }
     ProfileStore& store = ProfileStore::Instance();
     std::lock_guard lock(store.Mutex());
     const std::string_view keyName = key != nullptr ? TrimSpaces(key) : std::string_view();
+    platform::FileError error;
     const bool ok = store.Write(
         fileName,
         [&](ProfileDocument& doc) {
@@ -227,7 +239,8 @@ bool WritePrivateProfileStringA(const char* section, const char* key, const char
             ProfileDryRun::NoteWriteAfter(doc);
             return changed;
         },
-        LastError());
+        error);
+    platform::RecordProfileFailure(ok ? platform::FileError{} : error);
     return ok;
 }
 
@@ -246,14 +259,65 @@ std::uint32_t GetProfileStringA(const char* section, const char* key, const char
 }
 
 const std::string& LastProfileError() {
-    return LastError();
+    return Last().text;
+}
+
+ProfileFileStatus GetProfileFileStatus(const char* fileName) {
+    ProfileStore& store = ProfileStore::Instance();
+    std::lock_guard lock(store.Mutex());
+    const ProfileStore::FileInfo info = store.Inspect(fileName);
+    ProfileFileStatus status;
+    status.path = info.path;
+    if (info.readable) {
+        status.state = ProfileFileState::Readable;
+    } else if (info.stamp.kind == platform::FileKind::Directory) {
+        status.state = ProfileFileState::Directory;
+        status.problem = platform::DescribeUnusableFile(info.stamp);
+    } else if (info.stamp.kind == platform::FileKind::NotRegular) {
+        status.state = ProfileFileState::NotRegular;
+        status.problem = platform::DescribeUnusableFile(info.stamp);
+    } else if (!info.readError.Empty()) {
+        status.state = ProfileFileState::Unreadable;
+        status.problem = info.readError.reason;
+    } else {
+        status.state = ProfileFileState::Missing;
+        status.problem = "does not exist";
+    }
+    return status;
 }
 
 namespace platform {
-std::string& LastProfileErrorText() {
-    thread_local std::string error;
-    return error;
+
+void DeclareNewProfileFileSpelling(const std::string& name) {
+    ProfileStore& store = ProfileStore::Instance();
+    std::lock_guard lock(store.Mutex());
+    store.DeclareNewFileSpelling(name);
 }
+
+void CompleteInterruptedSaves() {
+    ProfileStore& store = ProfileStore::Instance();
+    std::lock_guard lock(store.Mutex());
+    store.CompleteInterruptedCommit(WindowsDirectoryHostPath());
+}
+
+bool ReplaceWholeFile(const std::string& path, const std::string& bytes) {
+    ProfileStore& store = ProfileStore::Instance();
+    std::lock_guard lock(store.Mutex());
+    FileError error;
+    const bool ok = store.StageFile(ToHostPath(path), bytes, error);
+    RecordProfileFailure(ok ? FileError{} : error);
+    return ok;
+}
+
+void RecordProfileFailure(const FileError& error) {
+    Last().error = error;
+    Last().text = error.Empty() ? std::string() : error.Text();
+}
+
+const FileError& LastProfileFailure() {
+    return Last().error;
+}
+
 }  // namespace platform
 
 }  // namespace wk

@@ -15,10 +15,14 @@
 // there without regard to case; any other name is a path, a drive path ("C:\...") mapped
 // to the host through the Wine prefix (see dos_paths.h).
 //
-// A parsed file is kept in memory and parsed again when it changed on disk. Every write
-// replaces the file atomically (temporary file beside it, flushed, renamed over it, with
-// the original's permissions); inside a ProfileBatch (profile_batch.h) the replace is
-// deferred to the end of the batch.
+// A parsed file is kept in memory and parsed again when it changed on disk. Only regular
+// files are read (a pipe or device reads as a missing file, never blocking), up to 64 MiB.
+// Every write holds the writers' lock of the file's directory (directory_lock.h) around its
+// read-modify-write, and replaces the file atomically (temporary file beside it, flushed,
+// renamed over it, with the original's mode and owner; a read-only file is not replaced:
+// file_replace.h); inside a ProfileBatch (profile_batch.h) the replace is deferred to the
+// end of the batch. What the Windows calls cannot say (a missing file or one that could not
+// be read, which file a write failed on and why) is in profile_files.h.
 
 #include <cstdint>
 #include <string>
@@ -33,14 +37,14 @@ namespace wk {
 // A listing that does not fit is cut to size - 2 characters followed by two NULs, and the
 // call returns size - 2. size == 0 returns 0 and leaves the buffer untouched.
 std::uint32_t GetPrivateProfileStringA(const char* section, const char* key,
-                                       const char* defaultValue, char* buffer,
-                                       std::uint32_t size, const char* fileName);
+                                       const char* defaultValue, char* buffer, std::uint32_t size,
+                                       const char* fileName);
 
 // The value as an unsigned integer: leading characters up to 0x20 skipped, one optional
 // sign, an optional 0x/0o/0b prefix, digits up to the first other character, modulo 2^32.
 // No digits gives 0; a missing (or empty) value gives `defaultValue` as unsigned.
-std::uint32_t GetPrivateProfileIntA(const char* section, const char* key,
-                                    std::int32_t defaultValue, const char* fileName);
+std::uint32_t GetPrivateProfileIntA(const char* section, const char* key, std::int32_t defaultValue,
+                                    const char* fileName);
 
 // Sets key = value. value == nullptr deletes the key; key == nullptr deletes the section
 // (its comment lines stay); all three nullptr flushes (nothing to do here: writes are not
@@ -54,7 +58,8 @@ std::uint32_t GetProfileStringA(const char* section, const char* key, const char
                                 char* buffer, std::uint32_t size);
 
 // Why the last failed profile write (or batch commit) of this thread failed, in words
-// ("/path/WZELKO.INI: Permission denied"). Empty after a success.
+// ("/path/WZELKO.INI: Permission denied"). Empty after a success. LastProfileFailure()
+// (profile_files.h) gives the file and the reason apart.
 const std::string& LastProfileError();
 
 }  // namespace wk

@@ -4,33 +4,52 @@
 
 namespace wk {
 
-ProfileBatch::ProfileBatch() {
-    platform::ProfileStore& store = platform::ProfileStore::Instance();
+using platform::ProfileStore;
+
+ProfileBatch::ProfileBatch(Mode mode) {
+    ProfileStore& store = ProfileStore::Instance();
     std::lock_guard lock(store.Mutex());
-    store.BeginBatch();
+    store.BeginBatch(mode == Mode::AllOrNothing ? ProfileStore::CommitMode::AllOrNothing
+                                                : ProfileStore::CommitMode::EachFile);
 }
 
 ProfileBatch::~ProfileBatch() {
-    platform::ProfileStore& store = platform::ProfileStore::Instance();
+    ProfileStore& store = ProfileStore::Instance();
     std::lock_guard lock(store.Mutex());
     // Writes made after an explicit Commit() are not lost either. Nothing is thrown from
     // here; LastProfileError() still says why a commit failed.
     if (store.IsOutermostBatch() && (!committed_ || store.HasPendingWrites())) {
-        std::string error;
-        if (!store.CommitBatch(error)) platform::LastProfileErrorText() = error;
+        platform::FileError error;
+        if (!store.CommitBatch(error)) platform::RecordProfileFailure(error);
     }
     store.EndBatch();
 }
 
+bool ProfileBatch::LockDirectory(const std::string& directory) {
+    ProfileStore& store = ProfileStore::Instance();
+    std::lock_guard lock(store.Mutex());
+    platform::FileError error;
+    const bool ok = store.LockDirectoryForBatch(directory, error);
+    if (!ok) platform::RecordProfileFailure(error);
+    return ok;
+}
+
 bool ProfileBatch::Commit() {
     committed_ = true;
-    platform::ProfileStore& store = platform::ProfileStore::Instance();
+    ProfileStore& store = ProfileStore::Instance();
     std::lock_guard lock(store.Mutex());
     if (!store.IsOutermostBatch()) return true;
-    std::string error;
+    platform::FileError error;
     const bool ok = store.CommitBatch(error);
-    if (!ok) platform::LastProfileErrorText() = error;
+    platform::RecordProfileFailure(error);
     return ok;
+}
+
+void ProfileBatch::Abandon() {
+    committed_ = true;
+    ProfileStore& store = ProfileStore::Instance();
+    std::lock_guard lock(store.Mutex());
+    if (store.IsOutermostBatch()) store.AbandonBatch();
 }
 
 }  // namespace wk

@@ -30,9 +30,13 @@ namespace wk::platform {
 
 class ProfileDocument {
 public:
-    // The largest file a document holds: lines are addressed with 31-bit offsets. A settings
-    // file is a few kilobytes; the store refuses larger files rather than misread them.
-    static constexpr std::size_t kMaxFileBytes = 0x40000000;  // 1 GiB
+    // The largest file the engine reads or writes: 64 MiB. A settings file is a few
+    // kilobytes (a few megabytes at the very most, with long compensation tables); anything
+    // larger is not a settings file, and reading it would only cost memory (about three times
+    // the file while it is held). The store refuses larger files: reads give the default and
+    // writes fail, with the reason "File too large". Lines are addressed with 31-bit offsets,
+    // which this limit keeps far away.
+    static constexpr std::size_t kMaxFileBytes = std::size_t{64} << 20;
 
     // Parses the bytes of a file (empty for a file that does not exist yet).
     explicit ProfileDocument(std::string fileBytes);

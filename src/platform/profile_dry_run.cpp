@@ -32,7 +32,7 @@ std::string Ansi(const platform::ProfileDocument& document, std::string_view tex
 ProfileDryRun::ProfileDryRun() {
     platform::ProfileStore& store = platform::ProfileStore::Instance();
     std::lock_guard lock(store.Mutex());
-    store.BeginBatch();
+    store.BeginBatch(platform::ProfileStore::CommitMode::DryRun);
     if (!store.IsOutermostBatch()) {
         store.EndBatch();
         throw std::logic_error("a dry run of profile writes cannot be begun inside a batch");

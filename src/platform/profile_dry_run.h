@@ -5,8 +5,9 @@
 // as in a batch (profile_batch.h), so that later writes and reads see it; each is recorded,
 // in order, with the value the key had before it and has after it, as the profile functions
 // read them. At the end of the scope every change is dropped: the files on disk are as they
-// were, and later reads see them so. The window asks "what would this save change?" this way
-// without taking the backup or writing a byte.
+// were, and later reads see them so. A whole file that would be replaced (the backup) is not,
+// and no lock is taken: a dry run keeps no other writer waiting. The window asks "what would this
+// save change?" this way without taking the backup or writing a byte.
 //
 // A dry run is the outermost batch: it cannot be begun inside a batch, whose writes it would
 // otherwise drop or mix with its own (std::logic_error). The profile engine has one batch for

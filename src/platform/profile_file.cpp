@@ -1,44 +1,52 @@
 #include "platform/profile_file.h"
 
+#include <algorithm>
 #include <cerrno>
-#include <chrono>
 #include <cstring>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
-#include <system_error>
 
+#ifdef _WIN32
 #include "platform/host_path.h"
-
-#ifndef _WIN32
+#include "platform/windows_error.h"
+#else
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 #endif
 
 namespace wk::platform {
-namespace fs = std::filesystem;
 
-namespace {
-
-std::string Describe(const std::string& path, int errorNumber) {
-    return path + ": " + std::strerror(errorNumber);
+FileError ErrnoError(const std::string& path, int errorNumber) {
+    return FileError{path, std::strerror(errorNumber)};
 }
 
-// The file a write must replace: a symbolic link is followed to its target, so that the
-// link stays a link.
-fs::path FollowLinks(const std::string& path) {
-    fs::path current = PathFromAnsi(path);
-    std::error_code ec;
-    for (int hops = 0; hops < 40 && fs::is_symlink(fs::symlink_status(current, ec)); ++hops) {
-        fs::path target = fs::read_symlink(current, ec);
-        if (ec) break;
-        current = target.is_relative() ? current.parent_path() / target : target;
+std::string DescribeUnusableFile(const FileStamp& stamp) {
+    switch (stamp.kind) {
+        case FileKind::Directory:
+            return "is a directory";
+        case FileKind::Unusable:
+#ifdef _WIN32
+            return WindowsErrorText(static_cast<DWORD>(stamp.error));
+#else
+            return std::strerror(stamp.error);
+#endif
+        case FileKind::NotRegular:
+#ifdef _WIN32
+            if (stamp.typeBits == FILE_TYPE_PIPE) return "is a named pipe, not a regular file";
+            if (stamp.typeBits == FILE_TYPE_CHAR) return "is a device, not a regular file";
+#else
+            if (stamp.typeBits == S_IFIFO) return "is a named pipe, not a regular file";
+            if (stamp.typeBits == S_IFCHR || stamp.typeBits == S_IFBLK)
+                return "is a device, not a regular file";
+            if (stamp.typeBits == S_IFSOCK) return "is a socket, not a regular file";
+#endif
+            return "is not a regular file";
+        case FileKind::Missing:
+        case FileKind::Regular:
+            break;
     }
-    return current;
+    return {};
 }
-
-}  // namespace
 
 #ifndef _WIN32
 
@@ -48,6 +56,10 @@ FileStamp StampOf(const struct stat& st) {
     FileStamp stamp;
     stamp.exists = true;
     stamp.isDirectory = S_ISDIR(st.st_mode);
+    stamp.typeBits = st.st_mode & S_IFMT;
+    stamp.kind = S_ISREG(st.st_mode)   ? FileKind::Regular
+                 : S_ISDIR(st.st_mode) ? FileKind::Directory
+                                       : FileKind::NotRegular;
     stamp.size = static_cast<std::uint64_t>(st.st_size);
     stamp.mtimeSeconds = st.st_mtim.tv_sec;
     stamp.mtimeNanoseconds = st.st_mtim.tv_nsec;
@@ -56,44 +68,46 @@ FileStamp StampOf(const struct stat& st) {
     return stamp;
 }
 
-bool WriteAll(int fd, const std::string& bytes) {
-    std::size_t done = 0;
-    while (done < bytes.size()) {
-        const ssize_t n = ::write(fd, bytes.data() + done, bytes.size() - done);
-        if (n < 0) {
-            if (errno == EINTR) continue;
-            return false;
-        }
-        done += static_cast<std::size_t>(n);
-    }
-    return true;
-}
-
 }  // namespace
 
 FileStamp StatFile(const std::string& path) {
     struct stat st {};
-    if (::stat(path.c_str(), &st) != 0) return FileStamp{};
-    return StampOf(st);
+    if (::stat(path.c_str(), &st) == 0) return StampOf(st);
+    FileStamp stamp;
+    // A missing file (or a link to one) is simply not there; anything else (a link loop, a
+    // directory on the way that cannot be searched) is a file that exists but cannot be used,
+    // and must never be taken for a missing one that a write may create.
+    if (errno != ENOENT && errno != ENOTDIR) {
+        stamp.kind = FileKind::Unusable;
+        stamp.error = errno;
+    }
+    return stamp;
 }
 
-bool ReadWholeFile(const std::string& path, std::string& bytes, FileStamp& stamp,
-                   std::string& error) {
-    const int fd = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+bool ReadWholeFile(const std::string& path, std::size_t maxBytes, std::string& bytes,
+                   FileStamp& stamp, FileError& error) {
+    // Non-blocking, so that opening a named pipe returns at once instead of waiting for a
+    // writer; the file is then refused by its type before anything is read.
+    const int fd = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
     if (fd < 0) {
-        error = Describe(path, errno);
+        error = ErrnoError(path, errno);
         stamp = StatFile(path);
         return false;
     }
     struct stat st {};
     if (::fstat(fd, &st) != 0) {
-        error = Describe(path, errno);
+        error = ErrnoError(path, errno);
         ::close(fd);
         return false;
     }
     stamp = StampOf(st);
-    if (stamp.isDirectory) {
-        error = Describe(path, EISDIR);
+    if (stamp.kind != FileKind::Regular) {
+        error = FileError{path, DescribeUnusableFile(stamp)};
+        ::close(fd);
+        return false;
+    }
+    if (stamp.size > maxBytes) {
+        error = ErrnoError(path, EFBIG);
         ::close(fd);
         return false;
     }
@@ -101,11 +115,19 @@ bool ReadWholeFile(const std::string& path, std::string& bytes, FileStamp& stamp
     bytes.resize(static_cast<std::size_t>(st.st_size));
     std::size_t done = 0;
     for (;;) {
-        if (done == bytes.size()) bytes.resize(bytes.size() + 4096);  // a file that grew
+        if (done == bytes.size()) {
+            // A file that grew while it was read: read on, up to the limit.
+            if (bytes.size() > maxBytes) {
+                error = ErrnoError(path, EFBIG);
+                ::close(fd);
+                return false;
+            }
+            bytes.resize(bytes.size() + 4096);
+        }
         const ssize_t n = ::read(fd, bytes.data() + done, bytes.size() - done);
         if (n < 0) {
             if (errno == EINTR) continue;
-            error = Describe(path, errno);
+            error = ErrnoError(path, errno);
             ::close(fd);
             return false;
         }
@@ -114,145 +136,116 @@ bool ReadWholeFile(const std::string& path, std::string& bytes, FileStamp& stamp
     }
     bytes.resize(done);
     ::close(fd);
-    return true;
-}
-
-bool ReplaceFileAtomically(const std::string& path, const std::string& bytes, std::string& error) {
-    const std::string target = FollowLinks(path).string();
-    const fs::path targetPath(target);
-    const std::string directory =
-        targetPath.has_parent_path() ? targetPath.parent_path().string() : std::string(".");
-
-    struct stat original {};
-    const bool existed = ::stat(target.c_str(), &original) == 0;
-    if (existed && S_ISDIR(original.st_mode)) {
-        error = Describe(path, EISDIR);
+    if (bytes.size() > maxBytes) {
+        error = ErrnoError(path, EFBIG);
         return false;
     }
-    // A new file gets the permissions any program here would give it.
-    mode_t mode = 0;
-    if (existed) {
-        mode = original.st_mode & 07777;
-    } else {
-        const mode_t mask = ::umask(0);
-        ::umask(mask);
-        mode = 0666 & ~mask;
-    }
-
-    std::string temp = directory + "/." + targetPath.filename().string() + ".XXXXXX";
-    const int fd = ::mkstemp(temp.data());
-    if (fd < 0) {
-        error = Describe(path, errno);
-        return false;
-    }
-    const auto fail = [&](int errorNumber) {
-        ::close(fd);
-        ::unlink(temp.c_str());
-        error = Describe(path, errorNumber);
-        return false;
-    };
-    if (!WriteAll(fd, bytes)) return fail(errno);
-    if (::fchmod(fd, mode) != 0) return fail(errno);
-    if (existed) {
-        // Keeps the owner when an administrator edits an operator's file; an ordinary user
-        // cannot give a file away, and then the file is simply the user's own.
-        [[maybe_unused]] const int ignored = ::fchown(fd, original.st_uid, original.st_gid);
-    }
-    if (::fsync(fd) != 0) return fail(errno);
-    if (::close(fd) != 0) {
-        const int closeError = errno;
-        ::unlink(temp.c_str());
-        error = Describe(path, closeError);
-        return false;
-    }
-    if (::rename(temp.c_str(), target.c_str()) != 0) {
-        const int renameError = errno;
-        ::unlink(temp.c_str());
-        error = Describe(path, renameError);
-        return false;
-    }
-    error.clear();
     return true;
 }
 
 #else  // _WIN32
 
-// Paths are ANSI-code-page bytes, handed to the system as UTF-16 (see host_path.h).
-FileStamp StatFile(const std::string& path) {
+namespace {
+
+FileStamp StampOf(const WIN32_FILE_ATTRIBUTE_DATA& data) {
     FileStamp stamp;
-    std::error_code ec;
-    const fs::path hostPath = PathFromAnsi(path);
-    const fs::file_status status = fs::status(hostPath, ec);
-    if (ec || !fs::exists(status)) return stamp;
     stamp.exists = true;
-    stamp.isDirectory = fs::is_directory(status);
-    if (!stamp.isDirectory) stamp.size = fs::file_size(hostPath, ec);
-    const auto time = fs::last_write_time(hostPath, ec).time_since_epoch();
-    const auto ns = std::chrono::duration_cast<std::chrono::nanoseconds>(time).count();
-    stamp.mtimeSeconds = ns / 1000000000;
-    stamp.mtimeNanoseconds = ns % 1000000000;
+    stamp.isDirectory = (data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+    stamp.kind = stamp.isDirectory ? FileKind::Directory : FileKind::Regular;
+    stamp.size = (static_cast<std::uint64_t>(data.nFileSizeHigh) << 32) | data.nFileSizeLow;
+    const std::uint64_t ticks =
+        (static_cast<std::uint64_t>(data.ftLastWriteTime.dwHighDateTime) << 32) |
+        data.ftLastWriteTime.dwLowDateTime;  // 100 ns units
+    stamp.mtimeSeconds = static_cast<std::int64_t>(ticks / 10000000);
+    stamp.mtimeNanoseconds = static_cast<std::int64_t>(ticks % 10000000) * 100;
     return stamp;
 }
 
-bool ReadWholeFile(const std::string& path, std::string& bytes, FileStamp& stamp,
-                   std::string& error) {
-    stamp = StatFile(path);
-    if (stamp.isDirectory) {
-        error = Describe(path, EISDIR);
-        return false;
+}  // namespace
+
+FileStamp StatFile(const std::string& path) {
+    const std::filesystem::path hostPath = PathFromAnsi(path);
+    WIN32_FILE_ATTRIBUTE_DATA data{};
+    if (::GetFileAttributesExW(hostPath.c_str(), GetFileExInfoStandard, &data))
+        return StampOf(data);
+    FileStamp stamp;
+    const DWORD code = ::GetLastError();
+    if (code == ERROR_FILE_NOT_FOUND || code == ERROR_PATH_NOT_FOUND) return stamp;
+    // A device name ("CON", "NUL", "COM1", in any folder) or a named pipe has no attributes to
+    // give; opened without any access (which never waits on a pipe), it tells what it is.
+    HANDLE handle =
+        ::CreateFileW(hostPath.c_str(), 0, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                      nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
+    if (handle != INVALID_HANDLE_VALUE) {
+        const DWORD type = ::GetFileType(handle);
+        ::CloseHandle(handle);
+        if (type != FILE_TYPE_DISK) {
+            stamp.exists = true;
+            stamp.kind = FileKind::NotRegular;
+            stamp.typeBits = type;
+            return stamp;
+        }
+    } else if (code == ERROR_BAD_DEV_TYPE) {
+        // A device that cannot be opened here (the console of a program without one).
+        stamp.exists = true;
+        stamp.kind = FileKind::NotRegular;
+        stamp.typeBits = FILE_TYPE_CHAR;
+        return stamp;
     }
-    std::ifstream in(PathFromAnsi(path), std::ios::binary);
-    if (!in) {
-        error = Describe(path, errno);
-        return false;
-    }
-    bytes.assign(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
-    if (in.bad()) {
-        error = Describe(path, EIO);
-        return false;
-    }
-    return true;
+    stamp.kind = FileKind::Unusable;
+    stamp.error = static_cast<int>(code);
+    return stamp;
 }
 
-bool ReplaceFileAtomically(const std::string& path, const std::string& bytes, std::string& error) {
-    const fs::path target = FollowLinks(path);
-    std::error_code ec;
-    if (fs::is_directory(target, ec)) {
-        error = Describe(path, EISDIR);
+bool ReadWholeFile(const std::string& path, std::size_t maxBytes, std::string& bytes,
+                   FileStamp& stamp, FileError& error) {
+    stamp = StatFile(path);
+    if (stamp.kind == FileKind::Directory || stamp.kind == FileKind::Unusable ||
+        stamp.kind == FileKind::NotRegular) {
+        error = FileError{path, DescribeUnusableFile(stamp)};
         return false;
     }
-    const bool existed = fs::exists(target, ec);
-    const fs::perms perms = existed ? fs::status(target, ec).permissions() : fs::perms::unknown;
-    fs::path temp;
-    for (int attempt = 0; attempt < 100; ++attempt) {
-        temp = target;
-        temp += ".tmp" + std::to_string(attempt);
-        if (!fs::exists(temp, ec)) break;
-    }
-    {
-        std::ofstream out(temp, std::ios::binary | std::ios::trunc);
-        if (!out) {
-            error = Describe(path, errno);
-            return false;
-        }
-        out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-        out.flush();
-        if (!out) {
-            out.close();
-            fs::remove(temp, ec);
-            error = Describe(path, EIO);
-            return false;
-        }
-    }
-    if (existed) fs::permissions(temp, perms, ec);
-    fs::rename(temp, target, ec);
-    if (ec) {
-        std::error_code removeEc;
-        fs::remove(temp, removeEc);
-        error = path + ": " + ec.message();
+    HANDLE file = ::CreateFileW(PathFromAnsi(path).c_str(), GENERIC_READ,
+                                FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                                OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (file == INVALID_HANDLE_VALUE) {
+        error = FileError{path, WindowsErrorText(::GetLastError())};
         return false;
     }
-    error.clear();
+    // Devices and pipes ("CON", "\\.\pipe\x") are no settings files.
+    if (const DWORD type = ::GetFileType(file); type != FILE_TYPE_DISK) {
+        stamp.kind = FileKind::NotRegular;
+        stamp.typeBits = type;
+        error = FileError{path, DescribeUnusableFile(stamp)};
+        ::CloseHandle(file);
+        return false;
+    }
+    LARGE_INTEGER size{};
+    if (!::GetFileSizeEx(file, &size)) {
+        error = FileError{path, WindowsErrorText(::GetLastError())};
+        ::CloseHandle(file);
+        return false;
+    }
+    if (static_cast<std::uint64_t>(size.QuadPart) > maxBytes) {
+        error = ErrnoError(path, EFBIG);
+        ::CloseHandle(file);
+        return false;
+    }
+    bytes.assign(static_cast<std::size_t>(size.QuadPart), '\0');
+    std::size_t done = 0;
+    while (done < bytes.size()) {
+        DWORD n = 0;
+        const DWORD want = static_cast<DWORD>(std::min<std::size_t>(bytes.size() - done, 1u << 30));
+        if (!::ReadFile(file, bytes.data() + done, want, &n, nullptr)) {
+            error = FileError{path, WindowsErrorText(::GetLastError())};
+            ::CloseHandle(file);
+            return false;
+        }
+        if (n == 0) break;
+        done += n;
+    }
+    bytes.resize(done);
+    ::CloseHandle(file);
     return true;
 }
 

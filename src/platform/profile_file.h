@@ -1,16 +1,37 @@
 #pragma once
-// The file operations under the profile engine: what a file looks like on disk now, reading
-// it whole, and replacing it atomically.
+// The file operations under the profile engine: what a file looks like on disk now, and
+// reading it whole. Replacing files is file_replace.h.
+//
+// Only regular files are settings files. A named pipe, a device or a socket in a settings
+// file's place is never read (a pipe would block the program for ever, /dev/zero would fill
+// its memory), and a file larger than the engine's limit is refused before it is read.
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 
+#include "platform/file_error.h"
+
 namespace wk::platform {
+
+enum class FileKind : std::uint8_t {
+    Missing,     // nothing of that name (or a link to nothing)
+    Regular,     // a regular file, directly or through symbolic links
+    Directory,   // a directory
+    NotRegular,  // a named pipe, a device or a socket
+    Unusable,    // stat failed for another reason: a link loop, a path that cannot be searched
+};
 
 // Enough of a file's state to notice that another program changed it.
 struct FileStamp {
     bool exists = false;
     bool isDirectory = false;
+    FileKind kind = FileKind::Missing;
+    // Why a stat failed other than for a missing file: the errno (on Windows, the system's
+    // error code).
+    int error = 0;
+    // The file type of st_mode (pipe, device or socket); on Windows, GetFileType's.
+    std::uint32_t typeBits = 0;
     std::uint64_t size = 0;
     std::int64_t mtimeSeconds = 0;
     std::int64_t mtimeNanoseconds = 0;
@@ -20,17 +41,19 @@ struct FileStamp {
     bool operator==(const FileStamp&) const = default;
 };
 
+// The state of the file `path` names, symbolic links followed.
 FileStamp StatFile(const std::string& path);
 
-// Reads the whole file. False (with `error` as "<path>: <reason>") when it cannot be read;
-// `stamp` describes the file that was read.
-bool ReadWholeFile(const std::string& path, std::string& bytes, FileStamp& stamp,
-                   std::string& error);
+// What a file that is not a settings file is, for messages: "is a directory", "is a named
+// pipe, not a regular file", "Too many levels of symbolic links". Empty for a regular or a
+// missing file.
+std::string DescribeUnusableFile(const FileStamp& stamp);
 
-// Replaces the file (the target of a symbolic link, not the link) with `bytes`: a temporary
-// file beside it is written, flushed to disk, given the original's permissions and renamed
-// over it, so that a reader sees either the old or the new file, never a mix. On failure the
-// temporary file is removed, the original is left as it was, and `error` says why.
-bool ReplaceFileAtomically(const std::string& path, const std::string& bytes, std::string& error);
+// Reads the whole regular file, without ever blocking on a pipe or device (it is opened
+// non-blocking and refused when it is not a regular file). A file of more than `maxBytes`
+// is refused ("File too large"). False with `error` when it cannot be read; `stamp`
+// describes the file that was read (or found).
+bool ReadWholeFile(const std::string& path, std::size_t maxBytes, std::string& bytes,
+                   FileStamp& stamp, FileError& error);
 
 }  // namespace wk::platform

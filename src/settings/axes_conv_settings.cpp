@@ -1,6 +1,8 @@
 #include "settings/axes_conv_settings.h"
 
 #include "platform/profile_batch.h"
+#include "platform/profile_files.h"
+#include "platform/windows_directory.h"
 #include "settings/key_profile_helpers.h"
 
 namespace wk {
@@ -29,12 +31,36 @@ bool AxesConvSettings::ReadAll() {
     return Read();
 }
 
-bool AxesConvSettings::WriteAll() {
+bool AxesConvSettings::WriteAll(SaveResult& result) {
+    result = SaveResult{};
+    const bool wasModified = Modified;  // the backup clears it; a failed save puts it back
+    const auto fail = [&](const platform::FileError& why) {
+        result.File = why.path;
+        result.Reason = why.reason;
+        Modified = wasModified;
+        return false;
+    };
+    ProfileBatch batch(ProfileBatch::Mode::AllOrNothing);
+    if (!batch.LockDirectory(platform::WindowsDirectoryHostPath())) {
+        batch.Abandon();
+        return fail(platform::LastProfileFailure());
+    }
     const std::uint64_t failedBefore = FailedProfileWrites();
-    ProfileBatch batch;
     const bool written = Write();
-    const bool committed = batch.Commit();
-    return written && committed && FailedProfileWrites() == failedBefore;
+    if (!written || FailedProfileWrites() != failedBefore) {
+        const platform::FileError why = LastFailedProfileWrite();
+        batch.Abandon();
+        return fail(why);
+    }
+    if (!batch.Commit()) return fail(platform::LastProfileFailure());
+    result.Saved = true;
+    result.BackupProblem = BackupProblem();
+    return true;
+}
+
+bool AxesConvSettings::WriteAll() {
+    SaveResult ignored;
+    return WriteAll(ignored);
 }
 
 }  // namespace wk

@@ -4,6 +4,7 @@
 
 #include "settings/axes_conv_schema.h"
 #include "settings/controller_settings.h"
+#include "settings/save_result.h"
 
 namespace wk {
 
@@ -26,7 +27,18 @@ public:
     // file checked on disk once). ReadAll clears the modified flag.
     bool ReadAll();
     // Backup first, then every level's keys in order, all in one batch of the profile
-    // engine (one replace per file). True when every key went to disk.
+    // engine. True when every key went to disk.
+    //
+    // All or nothing: the lock of the Windows directory is taken first (so that no other
+    // writer of this program changes the files meanwhile, and the backup is of the file this
+    // save replaces), every new file (backup, WZELKO.INI, WZELKO32.INI) is written to a
+    // flushed temporary file, and only then are they renamed into place together
+    // (file_replace.h). A key that cannot be written, a file that cannot be read or is
+    // read-only, a lock held too long by another writer: nothing is replaced, the temporary
+    // files are removed, and the modified flag is as it was before the save, so that the
+    // edits are neither lost nor taken for saved. `result` says which file failed and why,
+    // and whether the save went ahead without its backup.
+    bool WriteAll(SaveResult& result);
     bool WriteAll();
 };
 

@@ -65,8 +65,13 @@ public:
     double ParseLength(const std::string& text) const;
 
     // Copies WZELKO.INI to WZELKO.BAK (or, when that pair cannot be opened, WZELKO32.INI to
-    // WZELKO32.BAK) and clears the modified flag. True when a copy was made.
+    // WZELKO32.BAK) and clears the modified flag. True when a copy was made. The backup is
+    // replaced whole or not at all (an earlier backup survives a failed one); inside the
+    // whole-record save it is replaced together with the settings files.
     bool BackupSettingsFiles();
+    // Why the last backup could not be written, in words with the file's path; empty when it
+    // was made, or when there was no settings file to copy.
+    const std::string& BackupProblem() const { return backupProblem_; }
 
     // The level's read (clears the modified flag first) and write (takes the backup first).
     // Both return true.
@@ -75,6 +80,7 @@ public:
 
 private:
     bool metric_ = kMetric.Default;
+    std::string backupProblem_;
 };
 
 }  // namespace wk

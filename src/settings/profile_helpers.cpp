@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include "platform/profile.h"
+#include "platform/profile_files.h"
 #include "settings/settings_files.h"
 
 namespace wk {
@@ -37,14 +38,25 @@ std::uint32_t ReadStringFrom(const char* fileName, const char* key, std::string&
 
 thread_local std::uint64_t failedWrites = 0;
 thread_local std::string lastFailedWriteError;
+thread_local platform::FileError lastFailedWrite;
 
 bool Counted(bool written) {
     if (!written) {
         ++failedWrites;
         lastFailedWriteError = LastProfileError();
+        lastFailedWrite = platform::LastProfileFailure();
     }
     return written;
 }
+
+// The groups name the files "Wzelko.ini" (through the helpers) and "WZELKO.INI" (directly);
+// a save that has to create a file must create one, under the name the measuring
+// application's installation gives it, not one for each spelling.
+[[maybe_unused]] const bool kSpellingsDeclared = [] {
+    platform::DeclareNewProfileFileSpelling(kWzelkoIni);
+    platform::DeclareNewProfileFileSpelling(kWzelko32Ini);
+    return true;
+}();
 
 }  // namespace
 
@@ -59,6 +71,10 @@ std::uint64_t FailedProfileWrites() {
 
 const std::string& LastFailedProfileWriteError() {
     return lastFailedWriteError;
+}
+
+const platform::FileError& LastFailedProfileWrite() {
+    return lastFailedWrite;
 }
 
 std::uint32_t ReadProfileInt(const char* key, std::int32_t defaultValue, const char* section) {

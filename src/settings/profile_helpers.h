@@ -14,6 +14,7 @@
 
 // The settings compare and upper-case their words with the ASCII case rule of the files.
 #include "platform/ascii_case.h"
+#include "platform/file_error.h"
 
 namespace wk {
 
@@ -62,5 +63,7 @@ bool WriteProfileKey(const char* section, const char* key, const char* value, co
 std::uint64_t FailedProfileWrites();
 // Why the most recent failed write of this thread failed (LastProfileError() at the time).
 const std::string& LastFailedProfileWriteError();
+// The same, as the file and the reason.
+const platform::FileError& LastFailedProfileWrite();
 
 }  // namespace wk

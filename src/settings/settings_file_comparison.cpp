@@ -134,7 +134,11 @@ std::string WithoutBackupMark(std::string backupBytes) {
 bool ReadSettingsFileForComparison(const std::string& hostPath, std::string& bytes,
                                    std::string& error) {
     platform::FileStamp stamp;
-    if (!platform::ReadWholeFile(hostPath, bytes, stamp, error)) return false;
+    platform::FileError failure;
+    if (!platform::ReadWholeFile(hostPath, ProfileDocument::kMaxFileBytes, bytes, stamp, failure)) {
+        error = failure.Text();
+        return false;
+    }
     if (IsBackupFileName(hostPath)) bytes = WithoutBackupMark(std::move(bytes));
     return true;
 }

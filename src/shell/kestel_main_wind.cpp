@@ -23,6 +23,8 @@
 #include "shell/client_area.h"
 #include "shell/language_text.h"
 #include "shell/qt_message_box.h"
+#include "shell/save_failure.h"
+#include "shell/startup_messages.h"
 #include "shell/upgrade_status.h"
 #include "widgets/edit_field.h"
 #include "widgets/page_control.h"
@@ -200,9 +202,9 @@ bool TKestelMainWind::FirstActivation() {
         // measuring application is where the program is meant to be started from.
         char systemDir[256] = {};
         ReadProfileText(kSystemDir, systemDir, 80);
-        char message[512];
-        std::snprintf(message, sizeof message, "Be sure working dir is correct ! (%s)", systemDir);
-        MessageBoxA(static_cast<QWidget*>(this), message, "", MB_OK | MB_ICONSTOP);
+        const std::string message = LanguageLibraryMissingMessage(systemDir, language);
+        MessageBoxA(static_cast<QWidget*>(this), message.c_str(), "", MB_OK | MB_ICONSTOP);
+        startupFailed_ = true;
         ApplicationTerminate();
         return false;
     }
@@ -259,10 +261,11 @@ void TKestelMainWind::SettingsFilePresenceCheck() {
     GetWindowsDirectoryA(path, 512);
     std::strcat(path, kRequiredSettingsFilePath);
     if (!platform::FileExistsA(path)) {
-        MessageBoxA(static_cast<QWidget*>(this),
-                    GetLanguageString(kIdFileMissing, kLanguageMaxLength).c_str(), "",
-                    MB_OK | MB_ICONSTOP);
+        const std::string message =
+            SettingsFileMissingMessage(GetLanguageString(kIdFileMissing, kLanguageMaxLength));
+        MessageBoxA(static_cast<QWidget*>(this), message.c_str(), "", MB_OK | MB_ICONSTOP);
         // The sequence goes on; the program ends once control is back in the event loop.
+        startupFailed_ = true;
         ApplicationTerminate();
     }
     pBottBar_->setText(QString());
@@ -292,8 +295,9 @@ bool TKestelMainWind::ApplyCurrentPage(bool saveWithoutAsking) {
         case IDCANCEL:
             return false;
         case IDYES:
-            settings_.WriteAll();
-            return true;
+            // A save that fails is told (which file, why), and the window stays where it is
+            // with the record still modified, so that the edit is kept and Exit asks again.
+            return SaveSettingsReportingFailure(static_cast<QWidget*>(this), settings_);
         case IDNO:
             settings_.ReadAll();
             if (page) {

@@ -60,6 +60,9 @@ public:
     // State the tests and tools look at.
     bool UpgradeRequested() const { return upgradeRequested_; }
     bool TerminationRequested() const { return terminationRequested_; }
+    // The start-up sequence failed (no language library, no settings file): the program
+    // ends, and its exit status says so.
+    bool StartupFailed() const { return startupFailed_; }
     bool Ready() const { return ready_; }
     // Whether start-up got as far as reading the files into the record. Before that the frame
     // has nothing to store, to ask about or to save, and pages are neither stored nor loaded.
@@ -110,6 +113,7 @@ private:
     bool recordRead_ = false;
     bool ready_ = false;
     bool terminationRequested_ = false;
+    bool startupFailed_ = false;
     bool destroying_ = false;
     bool languageLoaded_ = false;
 

@@ -2,6 +2,8 @@
 
 #include <QFileDialog>
 #include <cstdio>
+#include <filesystem>
+#include <system_error>
 
 #include "platform/dos_paths.h"
 #include "platform/text_codec.h"
@@ -18,6 +20,33 @@ QString FromAnsi(const std::string& text) {
 
 }  // namespace
 
+std::string DialogStartDirectory(const std::string& initialDir) {
+    // Host paths are UTF-8; the settings files' paths are ANSI.
+    std::string hostDir = platform::AnsiToUtf8(initialDir);
+    if (platform::IsDosPath(hostDir)) {
+        hostDir = platform::DosToHostPath(hostDir).value_or(hostDir);
+    }
+    if (hostDir.empty()) {
+        return hostDir;
+    }
+    namespace fs = std::filesystem;
+    // Through char8_t, so that the UTF-8 text names the same folder on every platform.
+    fs::path dir = fs::path(std::u8string(hostDir.begin(), hostDir.end())).lexically_normal();
+    if (!dir.has_filename() && dir != dir.root_path()) {
+        dir = dir.parent_path();  // "dir/" is "dir"
+    }
+    std::error_code ec;
+    while (!fs::is_directory(dir, ec)) {
+        const fs::path parent = dir.parent_path();
+        if (parent.empty() || parent == dir) {
+            return hostDir;  // nothing of it exists: Qt's dialog decides
+        }
+        dir = parent;
+    }
+    const std::u8string found = dir.u8string();
+    return std::string(found.begin(), found.end());
+}
+
 bool OpenFileDialog::Browse(std::string& path, const std::string& initialDir,
                             const std::string& ext, const std::string& description) {
     if (!dialog_) {
@@ -31,12 +60,7 @@ bool OpenFileDialog::Browse(std::string& path, const std::string& initialDir,
         dialog_->setFileMode(QFileDialog::AnyFile);
     }
     dialog_->setDefaultSuffix(FromAnsi(ext));
-    // Host paths are UTF-8; the settings files' paths are ANSI.
-    std::string hostDir = platform::AnsiToUtf8(initialDir);
-    if (platform::IsDosPath(hostDir)) {
-        hostDir = platform::DosToHostPath(hostDir).value_or(hostDir);
-    }
-    dialog_->setDirectory(QString::fromStdString(hostDir));
+    dialog_->setDirectory(QString::fromStdString(DialogStartDirectory(initialDir)));
 
     char filter[512];
     std::snprintf(filter, sizeof filter, "%s (*.%s)|*.%s", description.c_str(), ext.c_str(),

@@ -12,13 +12,20 @@ class QWidget;
 
 namespace wk {
 
+// The host folder the dialog opens in for `initialDir` (a path of the measuring application,
+// mapped through the prefix's drives, or a host path). A folder that does not exist (the
+// measuring application's folder on a machine where it was never installed, say) gives the
+// nearest folder above it that does, so that the user starts as close to it as there is.
+std::string DialogStartDirectory(const std::string& initialDir);
+
 class OpenFileDialog {
 public:
     // The dialog is made on first use, owned by `owner`.
     explicit OpenFileDialog(QWidget& owner) : owner_(owner) {}
 
-    // One filter entry "<description> (*.<ext>)"; the dialog starts in `initialDir`. True when a
-    // file was chosen; `path` is unchanged otherwise.
+    // One filter entry "<description> (*.<ext>)"; the dialog starts in `initialDir`, or the
+    // nearest existing folder above it. True when a file was chosen; `path` is unchanged
+    // otherwise.
     bool Browse(std::string& path, const std::string& initialDir, const std::string& ext,
                 const std::string& description);
 

@@ -1,9 +1,9 @@
 #!/usr/bin/env bash
 # package_test.sh BUILD_DIR CPACK VERSION
 #
-# 1. `cmake --install` into a scratch prefix: the programs and the language libraries share one
-#    folder, the desktop entry starts the window there (Path=), the icon, the man page, and
-#    bin/wkestel runs.
+# 1. `cmake --install` into a scratch prefix: the programs, the sound plugin and the language
+#    libraries share one folder, the desktop entry starts the window there (Path=), the icon,
+#    the man page, and bin/wkestel runs.
 # 2. `cpack -G DEB`: the package installs with dpkg into a scratch root, declares the Qt
 #    libraries and platform plugins it needs, and the installed /usr/bin/wkestel runs.
 set -u
@@ -22,7 +22,7 @@ fail() {
 check_tree() {
     local root=$1 prefix=$2
     local programs="$root$prefix/lib/wkestel32"
-    for file in WKestel32 wkestel Kes32_eng.dll Kes32_ita.dll; do
+    for file in WKestel32 wkestel Kes32_eng.dll Kes32_ita.dll libwkestel_sound.so; do
         [ -f "$programs/$file" ] || fail "$prefix/lib/wkestel32/$file is missing"
     done
     [ -x "$programs/WKestel32" ] || fail "WKestel32 is not executable"
@@ -53,6 +53,11 @@ check_tree() {
         local missing
         missing=$(ldd "$programs/WKestel32" 2>&1 | grep 'not found')
         [ -z "$missing" ] || fail "the installed window lacks libraries: $missing"
+        # The multimedia module is the sound plugin's alone, loaded on the first sound test.
+        ! ldd "$programs/WKestel32" | grep -q Multimedia ||
+            fail "the window links the multimedia module"
+        missing=$(ldd "$programs/libwkestel_sound.so" 2>&1 | grep 'not found')
+        [ -z "$missing" ] || fail "the installed sound plugin lacks libraries: $missing"
     fi
 }
 
@@ -79,7 +84,7 @@ fi
 echo "package: $(basename "$deb") ($(du -k "$deb" | cut -f1) KB)"
 depends=$(dpkg-deb --field "$deb" Depends)
 echo "Depends: $depends"
-for needed in libqt6widgets6 libqt6svg6 qt6-qpa-plugins libstdc++6; do
+for needed in libqt6widgets6 libqt6svg6 libqt6multimedia6 qt6-qpa-plugins libstdc++6; do
     [[ "$depends" == *"$needed"* ]] || fail "the package does not depend on $needed"
 done
 [ "$(dpkg-deb --field "$deb" Version)" = "$version" ] ||

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <vector>
 
 #include "engine_prefix.h"
 #include "platform/windows_directory.h"
@@ -98,6 +99,41 @@ TEST_F(DosPaths, ToHostPathKeepsHostPathsAndMapsDosPaths) {
     EXPECT_EQ(ToHostPath("/abs/file"), "/abs/file");
     EXPECT_EQ(ToHostPath("C:\\WZELKO"), DriveC() + "/WZELKO");
     EXPECT_EQ(ToHostPath("Q:\\x\\y"), "Q:/x/y");
+}
+
+TEST_F(DosPaths, DrivesAreThePrefixsLettersInOrderEachWithItsTarget) {
+    const std::vector<DosDrive> drives = DosDrives();
+    ASSERT_EQ(drives.size(), 3u);
+    EXPECT_EQ(drives[0].letter, 'C');
+    EXPECT_EQ(drives[0].hostRoot, DriveC());
+    EXPECT_EQ(drives[1].letter, 'D');
+    EXPECT_EQ(drives[1].hostRoot, Data());
+    EXPECT_EQ(drives[2].letter, 'Z');
+    EXPECT_EQ(drives[2].hostRoot, "/");
+}
+
+TEST_F(DosPaths, ADriveWhoseTargetIsMissingIsListedButItsRootIsNoDirectory) {
+    fs::create_directory_symlink(prefix.Root() / "cdrom-not-mounted",
+                                 prefix.Root() / "dosdevices" / "e:");
+    const std::vector<DosDrive> drives = DosDrives();
+    ASSERT_EQ(drives.size(), 4u);
+    EXPECT_EQ(drives[2].letter, 'E');
+    EXPECT_FALSE(DirectoryExistsA("E:\\"));
+    EXPECT_TRUE(DirectoryExistsA("D:\\"));
+}
+
+TEST_F(DosPaths, CIsADriveEvenWithoutItsLink) {
+    fs::remove(prefix.Root() / "dosdevices" / "c:");
+    const std::vector<DosDrive> drives = DosDrives();
+    ASSERT_FALSE(drives.empty());
+    EXPECT_EQ(drives[0].letter, 'C');
+    EXPECT_EQ(drives[0].hostRoot, DriveC());
+}
+
+TEST_F(DosPaths, EntriesOfDosdevicesThatAreNoDriveLettersAreNoDrives) {
+    fs::create_directory_symlink("/", prefix.Root() / "dosdevices" / "com1");
+    fs::create_directory_symlink("/", prefix.Root() / "dosdevices" / "d::");
+    EXPECT_EQ(DosDrives().size(), 3u);
 }
 
 }  // namespace

@@ -39,6 +39,13 @@ QString LanguageOf(const std::string& code, int id) {
     return text;
 }
 
+// The caption start-up gives the window (string 1), without what the controller page adds to
+// it (" - " and the controller).
+QString MainCaption(const QString& title) {
+    const qsizetype controller = title.indexOf(QStringLiteral(" - "));
+    return controller < 0 ? title : title.left(controller);
+}
+
 template <typename T>
 T* Find(const TKestelMainWind& window, const char* name) {
     return window.findChild<T*>(QString::fromLatin1(name));
@@ -54,10 +61,15 @@ TEST(StartUp, WithoutLanguageLibraryShowsTheWorkingDirMessageAndEnds) {
     auto window = StartWindow(script);
 
     ASSERT_EQ(script.Count(), 1);
-    EXPECT_EQ(script.Shown()[0].text, "Be sure working dir is correct ! (C:\\WZELKO)");
+    // The measuring application's text, then the folder that was searched.
+    EXPECT_EQ(script.Shown()[0].text,
+              "Be sure working dir is correct ! (C:\\WZELKO)\n\nThe language library "
+              "Kes32_ENG.dll or Kes32_eng.dll was looked for in " +
+                  cwd.Path().string() + ", the folder the program was started from.");
     EXPECT_EQ(script.Shown()[0].caption, "");
     EXPECT_EQ(script.Shown()[0].type, MB_OK | MB_ICONSTOP);
     EXPECT_TRUE(window->TerminationRequested());
+    EXPECT_TRUE(window->StartupFailed());
     EXPECT_FALSE(window->Ready());
     EXPECT_FALSE(window->RecordRead());
     EXPECT_FALSE(window->PageCtl()->isVisible());
@@ -76,15 +88,32 @@ TEST(StartUp, WithoutSettingsFileShowsString24OnceInitialisesThePagesAndEnds) {
     auto window = StartWindow(script);
 
     ASSERT_EQ(script.Count(), 1);
-    EXPECT_EQ(script.Shown()[0].text, GetLanguageString(24, 200));
+    // String 24, then where the file was looked for.
+    EXPECT_EQ(script.Shown()[0].text, GetLanguageString(24, 200) + "\n\nLooked for " +
+                                          prefix.WindowsFile("WZELKO.INI").string() +
+                                          ": does not exist.");
     EXPECT_EQ(script.Shown()[0].caption, "");
     EXPECT_EQ(script.Shown()[0].type, MB_OK | MB_ICONSTOP);
-    // The sequence ran to its end on defaults before the program ends.
+    // The sequence ran to its end on defaults before the program ends, with a failure.
     EXPECT_TRUE(window->TerminationRequested());
+    EXPECT_TRUE(window->StartupFailed());
     EXPECT_TRUE(window->Ready());
     ASSERT_TRUE(window->RecordRead());
     EXPECT_EQ(Find<QLineEdit>(*window, "pSLE_OffsetX")->text(), QStringLiteral("0"));
     EXPECT_EQ(Find<QLineEdit>(*window, "pSLE_BridgeStroke")->text(), QStringLiteral("0"));
+}
+
+TEST(StartUp, SettingsFileThatIsADirectoryIsNamedInTheMessage) {
+    TempWinePrefix prefix;
+    std::filesystem::create_directory(prefix.WindowsFile("WZELKO.INI"));
+    WorkingDir cwd(WorkingDir::Kind::LanguageLibraries);
+    MessageScript script;
+    auto window = StartWindow(script);
+    ASSERT_EQ(script.Count(), 1);
+    EXPECT_EQ(script.Shown()[0].text, GetLanguageString(24, 200) + "\n\nLooked for " +
+                                          prefix.WindowsFile("WZELKO.INI").string() +
+                                          ": is a directory.");
+    EXPECT_TRUE(window->StartupFailed());
 }
 
 TEST(StartUp, IsHiddenWithItsDesignCaptionUntilTheFirstActivation) {
@@ -109,11 +138,15 @@ TEST(StartUp, FirstActivationShowsThePagesWithTheRecordReadAndUnmodified) {
     EXPECT_EQ(script.Count(), 0);
     ASSERT_TRUE(window->Ready());
     EXPECT_FALSE(window->TerminationRequested());
+    EXPECT_FALSE(window->StartupFailed());
     EXPECT_TRUE(window->PageCtl()->isVisible());
     EXPECT_TRUE(Find<QPushButton>(*window, "pOK")->isVisible());
     EXPECT_TRUE(Find<QPushButton>(*window, "pCancel")->isVisible());
     EXPECT_FALSE(window->Settings().Modified);
-    EXPECT_EQ(window->windowTitle(), Language(1));
+    // The controller page names the controller after the program's caption.
+    EXPECT_EQ(window->windowTitle(), Language(1) + QStringLiteral(" - ") + Language(491) +
+                                         QStringLiteral(" [") + Language(470) +
+                                         QStringLiteral("]"));
     EXPECT_EQ(Find<QLabel>(*window, "pBottBar")->text(), QString());
     EXPECT_EQ(Find<QLineEdit>(*window, "pSLE_OffsetX")->text(), QStringLiteral("1.5"));
 }
@@ -227,7 +260,7 @@ TEST(Language, NoneInCapitalsUsesTheEnglishLibrary) {
         ASSERT_TRUE(window->Ready());
         title = window->windowTitle();
     }
-    EXPECT_EQ(title, LanguageOf("ENG", 1));
+    EXPECT_EQ(MainCaption(title), LanguageOf("ENG", 1));
 }
 
 // The help file chosen at start-up, with a working directory whose Help folder holds `files`.
@@ -269,7 +302,7 @@ TEST(Language, NoneInLowerCaseIsACodeOfItsOwnAndFallsBackToEnglish) {
         ASSERT_TRUE(window->Ready());
         title = window->windowTitle();
     }
-    EXPECT_EQ(title, LanguageOf("ENG", 1));
+    EXPECT_EQ(MainCaption(title), LanguageOf("ENG", 1));
 }
 
 TEST(Language, TheFileNamesTheLibraryInUse) {
@@ -282,8 +315,8 @@ TEST(Language, TheFileNamesTheLibraryInUse) {
         ASSERT_TRUE(window->Ready());
         title = window->windowTitle();
     }
-    EXPECT_EQ(title, LanguageOf("ita", 1));
-    EXPECT_NE(title, LanguageOf("ENG", 1));
+    EXPECT_EQ(MainCaption(title), LanguageOf("ita", 1));
+    EXPECT_NE(MainCaption(title), LanguageOf("ENG", 1));
 }
 
 TEST(Language, MissingLanguageKeyUsesTheEnglishLibrary) {
@@ -298,7 +331,7 @@ TEST(Language, MissingLanguageKeyUsesTheEnglishLibrary) {
         ASSERT_TRUE(window->Ready());
         title = window->windowTitle();
     }
-    EXPECT_EQ(title, LanguageOf("ENG", 1));
+    EXPECT_EQ(MainCaption(title), LanguageOf("ENG", 1));
 }
 
 struct ControllerCase {

@@ -2,7 +2,7 @@
 # The Windows build under Wine, against Windows' own private-profile functions.
 #
 #   wine_interop_test.sh WKESTEL_EXE PROFILE_REFERENCE_EXE OEM_TABLE_EXE VERSION_INFO_EXE
-#                        OEM_TABLE_DIR DEMO_PREFIX VERSION
+#                        HOLD_LOCK_EXE OEM_TABLE_DIR DEMO_PREFIX VERSION
 #
 # profile_reference.exe calls kernel32's GetPrivateProfileStringA, GetPrivateProfileIntA and
 # WritePrivateProfileStringA (Wine's) with the command line of `wkestel profile`. The same edits
@@ -31,21 +31,27 @@
 # One of these (blank lines) is shown at the end, as a check that the reference really is
 # Wine's own implementation and not the editor's.
 #
+# The safe save is then run on Windows' own file calls: a whole save that changes both
+# settings files, refused whole when one is read-only and forced with --force, a save killed
+# after its journal finished by the next command, leftover temporary files removed, devices
+# and pipes in a file's place, another writer's lock (hold_lock.exe), and two writers at once.
+#
 # Exit 77 (skipped) only when Wine is not installed or cannot start a program at all.
 set -u
 
-if [ $# -ne 7 ]; then
+if [ $# -ne 8 ]; then
     echo "usage: $0 WKESTEL_EXE PROFILE_REFERENCE_EXE OEM_TABLE_EXE VERSION_INFO_EXE" \
-         "OEM_TABLE_DIR DEMO_PREFIX VERSION" >&2
+         "HOLD_LOCK_EXE OEM_TABLE_DIR DEMO_PREFIX VERSION" >&2
     exit 2
 fi
 ours_exe=$1
 ref_exe=$2
 oem_exe=$3
 version_exe=$4
-oem_tables=$5
-demo_prefix=$6
-version=$7
+lock_exe=$5
+oem_tables=$6
+demo_prefix=$7
+version=$8
 
 if ! command -v wine >/dev/null 2>&1; then
     echo "SKIPPED: wine is not installed (Debian packages wine and wine64; scripts/install-deps" \
@@ -362,6 +368,184 @@ cmp -s "$demo_prefix/drive_c/windows/WZELKO.INI" "$windows_dir/WZELKO.INI" && pa
 { cat "$demo_prefix/drive_c/windows/WZELKO.INI"; printf '\377'; } >"$work/expected.bak"
 cmp -s "$work/expected.bak" "$windows_dir/WZELKO.BAK" && pass ||
     fail "WZELKO.BAK is not WZELKO.INI with the one byte 0xFF after it"
+
+echo "== Saving on Windows: all or nothing, read-only files, the journal, leftovers, the lock"
+
+demo_ini="$demo_prefix/drive_c/windows/WZELKO.INI"
+demo_ini32="$demo_prefix/drive_c/windows/WZELKO32.INI"
+
+# no_leftovers WHAT: no temporary file and no journal is left in the Windows directory (the
+# lock file .wkestel.lock stays: it is the lock).
+no_leftovers() {
+    local left
+    left=$(ls -A "$windows_dir" | grep -E '\.wkestel-|^\.wkestel\.journal$')
+    [ -z "$left" ] && pass || fail "$1: left in the Windows directory: $left"
+}
+
+# A resave that changes both files: offx=7 is written 7.000000, and the missing Thermal key of
+# WZELKO32.INI is written back after the last key of its section, where it was; the backup is
+# WZELKO.INI as it was, with the one byte 0xFF after it.
+changed_files() {
+    sed 's/^offx=0\.000000\r$/offx=7\r/' "$demo_ini" >"$windows_dir/WZELKO.INI"
+    grep -v '^Thermal=0' "$demo_ini32" >"$windows_dir/WZELKO32.INI"
+}
+changed_files
+cp "$windows_dir/WZELKO.INI" "$work/before.ini"
+rm -f "$windows_dir/WZELKO.BAK"
+ours resave >"$work/resave" 2>&1 || fail "wkestel.exe resave of changed files: $(cat "$work/resave")"
+sed 's/^offx=0\.000000\r$/offx=7.000000\r/' "$demo_ini" | cmp -s - "$windows_dir/WZELKO.INI" &&
+    pass || fail "resave wrote WZELKO.INI wrong: $(diff <(tr -d '\r' <"$demo_ini") <(tr -d '\r' <"$windows_dir/WZELKO.INI"))"
+cmp -s "$demo_ini32" "$windows_dir/WZELKO32.INI" && pass ||
+    fail "resave wrote WZELKO32.INI wrong: $(od -c "$windows_dir/WZELKO32.INI" | head -20)"
+{ cat "$work/before.ini"; printf '\377'; } | cmp -s - "$windows_dir/WZELKO.BAK" && pass ||
+    fail "the backup of the resave is not WZELKO.INI as it was with 0xFF after it"
+no_leftovers "resave"
+
+# A read-only WZELKO32.INI: the whole save is refused, and no file changes, the backup neither.
+changed_files
+chmod 444 "$windows_dir/WZELKO32.INI"
+for file in WZELKO.INI WZELKO32.INI WZELKO.BAK; do cp "$windows_dir/$file" "$work/kept-$file"; done
+ours resave >"$work/resave" 2>&1
+status=$?
+if [ $status -eq 1 ] && grep -q 'WZELKO32.INI.*read-only' "$work/resave"; then
+    pass
+else
+    fail "resave with a read-only WZELKO32.INI (exit $status): $(cat "$work/resave")"
+fi
+for file in WZELKO.INI WZELKO32.INI WZELKO.BAK; do
+    cmp -s "$work/kept-$file" "$windows_dir/$file" && pass ||
+        fail "$file changed in a save refused for a read-only WZELKO32.INI"
+done
+no_leftovers "refused resave"
+# --force replaces it, and it stays read-only.
+ours resave --force >"$work/resave" 2>&1 || fail "resave --force: $(cat "$work/resave")"
+cmp -s "$demo_ini32" "$windows_dir/WZELKO32.INI" && pass ||
+    fail "resave --force did not write the read-only WZELKO32.INI"
+[ "$(stat -c %a "$windows_dir/WZELKO32.INI")" = 444 ] && pass ||
+    fail "WZELKO32.INI lost its read-only mark: mode $(stat -c %a "$windows_dir/WZELKO32.INI")"
+chmod 644 "$windows_dir/WZELKO32.INI"
+
+# The same for one file through profile set.
+printf '[S]\r\nk=old\r\n' >"$(host_file ours read_only.ini)"
+chmod 444 "$(host_file ours read_only.ini)"
+ours profile set "$(dos_file ours read_only.ini)" S k new >"$work/out" 2>&1
+status=$?
+[ $status -eq 1 ] && grep -q 'read-only' "$work/out" &&
+    cmp -s "$(host_file ours read_only.ini)" <(printf '[S]\r\nk=old\r\n') && pass ||
+    fail "profile set on a read-only file (exit $status): $(cat "$work/out")"
+ours profile set --force "$(dos_file ours read_only.ini)" S k new >"$work/out" 2>&1 &&
+    cmp -s "$(host_file ours read_only.ini)" <(printf '[S]\r\nk=new\r\n') &&
+    [ "$(stat -c %a "$(host_file ours read_only.ini)")" = 444 ] && pass ||
+    fail "profile set --force on a read-only file: $(cat "$work/out")"
+
+# A hidden file stays hidden; a new file is not hidden, though its temporary file was.
+printf '[S]\r\nk=1\r\n' >"$(host_file ours hidden.ini)"
+wine attrib +h "$(dos_file ours hidden.ini)" >/dev/null 2>&1
+ours profile set "$(dos_file ours hidden.ini)" S k 2 >/dev/null 2>&1
+wine attrib "$(dos_file ours hidden.ini)" | cut -c1-12 | grep -q H && pass ||
+    fail "a hidden file lost its mark: $(wine attrib "$(dos_file ours hidden.ini)")"
+rm -f "$(host_file ours fresh.ini)"
+ours profile set "$(dos_file ours fresh.ini)" S k 2 >/dev/null 2>&1
+[ -f "$(host_file ours fresh.ini)" ] && ! wine attrib "$(dos_file ours fresh.ini)" | cut -c1-12 | grep -q H &&
+    pass || fail "a new file is hidden: $(wine attrib "$(dos_file ours fresh.ini)")"
+
+# A save killed after its journal was written: the next command finishes it before it reads.
+# The journal names each temporary file and the file it replaces, each name ended by a NUL.
+cp "$demo_ini" "$windows_dir/WZELKO.INI"
+cp "$demo_ini32" "$windows_dir/WZELKO32.INI"
+printf '[PLANTED]\r\nA=1\r\n' >"$windows_dir/.WZELKO.INI.wkestel-Ab12Cd"
+printf '[PLANTED]\r\nB=2\r\n' >"$windows_dir/.WZELKO32.INI.wkestel-Ef34Gh"
+printf 'wkestel journal 1\n%s\0%s\0%s\0%s\0end\n' \
+    'C:\windows\.WZELKO.INI.wkestel-Ab12Cd' 'C:\windows\WZELKO.INI' \
+    'C:\windows\.WZELKO32.INI.wkestel-Ef34Gh' 'C:\windows\WZELKO32.INI' \
+    >"$windows_dir/.wkestel.journal"
+[ "$(ours profile get WZELKO.INI PLANTED A 2>&1)" = 1 ] && pass ||
+    fail "the journal was not completed before the read: $(ours profile get WZELKO.INI PLANTED A 2>&1)"
+cmp -s "$windows_dir/WZELKO32.INI" <(printf '[PLANTED]\r\nB=2\r\n') && pass ||
+    fail "the journal's second file was not put in place"
+no_leftovers "completed journal"
+
+# A journal cut short (the kill came while it was written) renames nothing; its temporary files
+# are leftovers, which the next save removes, as it removes any older one of its file.
+cp "$demo_ini" "$windows_dir/WZELKO.INI"
+printf 'planted' >"$windows_dir/.WZELKO.INI.wkestel-Ij56Kl"
+printf 'planted' >"$windows_dir/.WZELKO.INI.wkestel-Mn78Op"
+printf 'wkestel journal 1\n%s\0%s\0' 'C:\windows\.WZELKO.INI.wkestel-Ij56Kl' \
+    'C:\windows\WZELKO.INI' >"$windows_dir/.wkestel.journal"
+touch -d '-1 hour' "$windows_dir"/.WZELKO.INI.wkestel-*
+ours profile set WZELKO.INI AFTER key value >"$work/out" 2>&1 || fail "profile set: $(cat "$work/out")"
+{ cat "$demo_ini"; printf '[AFTER]\r\nkey=value\r\n'; } | cmp -s - "$windows_dir/WZELKO.INI" &&
+    pass || fail "the cut journal renamed something, or the set went wrong"
+no_leftovers "cut journal and leftovers"
+# A file of a similar name that is not this program's is never touched.
+printf 'notes' >"$windows_dir/.WZELKO.INI.wkestel-notes.txt"
+touch -d '-1 hour' "$windows_dir/.WZELKO.INI.wkestel-notes.txt"
+ours profile set WZELKO.INI AFTER key other >/dev/null 2>&1
+[ -f "$windows_dir/.WZELKO.INI.wkestel-notes.txt" ] && pass ||
+    fail "a user's file of a similar name was removed"
+rm -f "$windows_dir/.WZELKO.INI.wkestel-notes.txt"
+
+# Devices and pipes in a settings file's place: read as missing (the default) with the reason
+# on standard error, never written, and nothing waits.
+mkfifo "$(host_file ours pipe.ini)"
+for name in NUL CON COM1 pipe.ini; do
+    got=$(timeout 60 wine "$ours_exe" profile get "$(dos_file ours "$name")" S k --default dflt \
+        </dev/null 2>"$work/err")
+    [ "$got" = dflt ] && grep -q 'not a regular file' "$work/err" && pass ||
+        fail "profile get on $name printed [$got]: $(cat "$work/err")"
+    timeout 60 wine "$ours_exe" profile set "$(dos_file ours "$name")" S k v </dev/null \
+        >"$work/out" 2>&1
+    status=$?
+    [ $status -eq 1 ] && grep -q 'not a regular file' "$work/out" && pass ||
+        fail "profile set on $name (exit $status): $(cat "$work/out")"
+done
+
+# Another writer holds the lock of the Windows directory: wkestel.exe waits for it at most 5 s,
+# then says so and writes nothing. Once it is free, the same write goes through.
+cp "$windows_dir/WZELKO.INI" "$work/unlocked.ini"
+wine "$lock_exe" 'C:\windows' 15 >"$work/lock" 2>&1 &
+holder=$!
+for _ in $(seq 1 300); do
+    grep -q held "$work/lock" && break
+    sleep 0.1
+done
+if grep -q held "$work/lock"; then
+    ours profile set WZELKO.INI LOCKED key value >"$work/out" 2>&1
+    status=$?
+    [ $status -eq 1 ] && grep -q 'another program is saving' "$work/out" &&
+        cmp -s "$work/unlocked.ini" "$windows_dir/WZELKO.INI" && pass ||
+        fail "profile set under another writer's lock (exit $status): $(cat "$work/out")"
+else
+    fail "hold_lock.exe did not take the lock: $(cat "$work/lock")"
+fi
+wait $holder
+ours profile set WZELKO.INI LOCKED key value >"$work/out" 2>&1 &&
+    [ "$(ours profile get WZELKO.INI LOCKED key)" = value ] && pass ||
+    fail "profile set after the lock was released: $(cat "$work/out")"
+
+# Two writers at once on different sections of one file: neither loses the other's change.
+{
+    printf '[FIRST]\r\nVALUE=0\r\n[SECOND]\r\nVALUE=0\r\n'
+    for s in $(seq 1 40); do
+        printf '[TABLE %d]\r\n' "$s"
+        for k in $(seq 1 100); do printf 'K%d=0.125,0.25,0.5\r\n' "$k"; done
+    done
+} >"$work/large.ini"
+both=0
+for round in 1 2 3 4 5 6; do
+    cp "$work/large.ini" "$(host_file ours concurrent.ini)"
+    ours profile set "$(dos_file ours concurrent.ini)" FIRST VALUE "$round" >/dev/null 2>&1 &
+    first=$!
+    ours profile set "$(dos_file ours concurrent.ini)" SECOND VALUE "$round" >/dev/null 2>&1 &
+    second=$!
+    wait $first
+    wait $second
+    if grep -q "^VALUE=$round"$'\r'"\$" <(sed -n 2p "$(host_file ours concurrent.ini)") &&
+        grep -q "^VALUE=$round"$'\r'"\$" <(sed -n 4p "$(host_file ours concurrent.ini)"); then
+        both=$((both + 1))
+    fi
+done
+[ $both -eq 6 ] && pass || fail "two writers at once: both changes kept in $both of 6 rounds"
 
 echo "== Wine is not Windows: a blank line (the editor keeps it, Wine drops it)"
 
