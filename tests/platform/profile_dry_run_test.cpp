@@ -9,6 +9,7 @@
 #include "engine_prefix.h"
 #include "platform/profile.h"
 #include "platform/profile_batch.h"
+#include "platform/profile_files.h"
 
 namespace wk {
 namespace {
@@ -61,6 +62,17 @@ TEST_F(ProfileDryRunTest, AFileTheTrialWouldCreateIsNotCreated) {
     }
     EXPECT_FALSE(std::filesystem::exists(prefix.WinPath("NEW.INI")));
     EXPECT_EQ(GetString("S", "K", "<missing>", "NEW.INI"), "<missing>");
+}
+
+TEST_F(ProfileDryRunTest, AWholeFileReplacementLikeTheBackupIsNotMade) {
+    EnginePrefix::WriteBytes(prefix.WinPath("X.BAK"), "old backup");
+    {
+        ProfileDryRun dryRun;
+        EXPECT_TRUE(platform::ReplaceWholeFile(prefix.WinPath("X.BAK"), "new backup"));
+        EXPECT_TRUE(platform::ReplaceWholeFile(prefix.WinPath("Y.BAK"), "new backup"));
+    }
+    EXPECT_EQ(Bytes("X.BAK"), "old backup");
+    EXPECT_FALSE(std::filesystem::exists(prefix.WinPath("Y.BAK")));
 }
 
 TEST_F(ProfileDryRunTest, ASectionDeletionIsRecordedWithoutAKey) {
