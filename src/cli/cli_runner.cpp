@@ -118,6 +118,7 @@ std::unique_ptr<CLI::App> MakeWkestelApp(CliContext& ctx) {
     AddProfileCommand(*app, ctx);
     AddSettingsCommands(*app, ctx);
     AddDiffCommand(*app, ctx);
+    AddRestoreCommand(*app, ctx);
     AddStringsCommand(*app, ctx);
     AddUpgradeCommand(*app, ctx);
     ListAsCommands(*app);

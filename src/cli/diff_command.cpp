@@ -92,7 +92,8 @@ void AddDiffCommand(CLI::App& app, CliContext& ctx) {
         "do not count). Without files: each settings file with its backup (WZELKO.BAK ->\n"
         "WZELKO.INI, and WZELKO32.BAK -> WZELKO32.INI when that backup exists), that is what\n"
         "the last save changed; a .BAK file is read without the byte 0xFF its copy appends.\n"
-        "Exit 0 when the files are equal, 1 when they differ, 2 when a file cannot be read");
+        "Exit 0 when the files are equal, 1 when they differ, 2 when a file cannot be read or\n"
+        "there is no backup");
     diff->add_option("OLD_FILE", args->oldFile, std::string("The file compared from; ") + kFileHelp)
         ->type_name("FILE");
     diff->add_option("NEW_FILE", args->newFile,

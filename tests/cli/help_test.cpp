@@ -54,7 +54,7 @@ TEST(CliHelp, ReachesEveryCommandOfTheProgram) {
     EXPECT_EQ(names, (std::vector<std::string>{"profile", "profile get", "profile keys",
                                                "profile sections", "profile int", "profile set",
                                                "profile delete", "show", "check", "resave", "diff",
-                                               "strings", "upgrade"}));
+                                               "restore", "strings", "upgrade"}));
 }
 
 TEST(CliHelp, UsageLineOfEveryCommandNamesTheProgramAndTheCommand) {
@@ -110,7 +110,7 @@ TEST(CliErrors, AnUnknownCommandIsNamedWithTheCommandsThereAre) {
     EXPECT_EQ(r.out, "");
     EXPECT_EQ(r.err,
               "wkestel: unknown command 'shwo' (the commands are profile, show, check, resave, "
-              "diff, strings, upgrade)\nRun 'wkestel --help' for more information.\n");
+              "diff, restore, strings, upgrade)\nRun 'wkestel --help' for more information.\n");
 }
 
 TEST(CliErrors, AnUnknownCommandOfAGroupIsNamedWithTheGroup) {
@@ -125,8 +125,8 @@ TEST(CliErrors, AMissingCommandListsTheCommands) {
     auto r = RunCli({});
     EXPECT_EQ(r.exitCode, 2);
     EXPECT_EQ(r.err,
-              "wkestel: a command is required (profile, show, check, resave, diff, strings, "
-              "upgrade)\n"
+              "wkestel: a command is required (profile, show, check, resave, diff, restore, "
+              "strings, upgrade)\n"
               "Run 'wkestel --help' for more information.\n");
 }
 
