@@ -1,6 +1,7 @@
 #include "cli/cli_runner.h"
 
 #include <CLI/CLI.hpp>
+#include <sstream>
 
 #include "cli/commands.h"
 #include "cli/help_texts.h"
@@ -116,6 +117,8 @@ std::unique_ptr<CLI::App> MakeWkestelApp(CliContext& ctx) {
 
     AddProfileCommand(*app, ctx);
     AddSettingsCommands(*app, ctx);
+    AddDiffCommand(*app, ctx);
+    AddRestoreCommand(*app, ctx);
     AddStringsCommand(*app, ctx);
     AddUpgradeCommand(*app, ctx);
     ListAsCommands(*app);
@@ -125,7 +128,15 @@ std::unique_ptr<CLI::App> MakeWkestelApp(CliContext& ctx) {
 }
 
 int RunWkestel(const std::vector<std::string>& args, std::ostream& out, std::ostream& err) {
+    std::istringstream nobody;
+    return RunWkestel(args, out, err, nobody, false);
+}
+
+int RunWkestel(const std::vector<std::string>& args, std::ostream& out, std::ostream& err,
+               std::istream& in, bool interactive) {
     CliContext ctx{out, err};
+    ctx.in = &in;
+    ctx.interactive = interactive;
     const std::unique_ptr<CLI::App> app = MakeWkestelApp(ctx);
 
     if (const std::string unknown = UnknownCommandMessage(*app, args); !unknown.empty()) {

@@ -7,6 +7,8 @@ namespace wk::cli {
 
 void AddProfileCommand(CLI::App& app, CliContext& ctx);
 void AddSettingsCommands(CLI::App& app, CliContext& ctx);
+void AddDiffCommand(CLI::App& app, CliContext& ctx);
+void AddRestoreCommand(CLI::App& app, CliContext& ctx);
 void AddStringsCommand(CLI::App& app, CliContext& ctx);
 void AddUpgradeCommand(CLI::App& app, CliContext& ctx);
 

@@ -1,5 +1,6 @@
 // wkestel: the command-line companion of the settings editor.
 
+#include <cstdio>
 #include <iostream>
 #include <string>
 #include <vector>
@@ -7,8 +8,8 @@
 #ifdef _WIN32
 #include <fcntl.h>
 #include <io.h>
-
-#include <cstdio>
+#else
+#include <unistd.h>
 #endif
 
 #include "cli/cli_runner.h"
@@ -26,5 +27,12 @@ int main(int argc, char** argv) {
     // as the measuring application's A functions take them). The C locale stays "C", so that
     // numbers in the files are formatted and scanned with a point whatever the user's locale.
     std::vector<std::string> args(argv + 1, argv + argc);
-    return wk::cli::RunWkestel(args, std::cout, std::cerr);
+    // A question (restore's confirmation) is asked only of a person at a terminal; a script's
+    // input is never taken for an answer.
+#ifdef _WIN32
+    const bool interactive = _isatty(_fileno(stdin)) != 0;
+#else
+    const bool interactive = isatty(fileno(stdin)) != 0;
+#endif
+    return wk::cli::RunWkestel(args, std::cout, std::cerr, std::cin, interactive);
 }

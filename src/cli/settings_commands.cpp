@@ -98,10 +98,49 @@ Json ControllerJson(const LoadedRecord& loaded) {
         {"IsRmdOrKpt", loaded.flags.IsRmdOrKpt},     {"AcceptsTcpip", loaded.flags.AcceptsTcpip()}};
 }
 
-void Show(bool json, CliContext& ctx) {
+// Only the settings whose value differs from the record's constructor values, its built-in
+// defaults: what was changed on this machine. The constructor itself reads the measuring unit
+// and the controller type from the file, so those two are the file's in both and never listed.
+// A setting without a key (the spare colour entries) is not a setting of the file and is left
+// out.
+std::vector<SettingsLevel> ChangedFromDefaults(const std::vector<SettingsLevel>& levels,
+                                               const std::vector<SettingsLevel>& defaults,
+                                               std::map<std::string, SettingValue>& defaultOf) {
+    std::map<std::string, const SettingValue*> byField;
+    for (const SettingsLevel& level : defaults) {
+        for (const SettingEntry& entry : level.Entries) {
+            byField[level.Name + "." + entry.Field] = &entry.Value;
+        }
+    }
+    std::vector<SettingsLevel> changed;
+    for (const SettingsLevel& level : levels) {
+        SettingsLevel kept{level.Name, {}};
+        for (const SettingEntry& entry : level.Entries) {
+            if (entry.Key.empty()) continue;
+            const auto it = byField.find(level.Name + "." + entry.Field);
+            if (it != byField.end() && *it->second == entry.Value) continue;
+            if (it != byField.end()) defaultOf[level.Name + "." + entry.Field] = *it->second;
+            kept.Entries.push_back(entry);
+        }
+        if (!kept.Entries.empty()) changed.push_back(std::move(kept));
+    }
+    return changed;
+}
+
+void Show(bool json, bool changedOnly, CliContext& ctx) {
     if (!CheckWindowsDirectory(ctx) || !CheckSettingsFilesReadable(ctx)) return;
     const LoadedRecord loaded = LoadRecord();
-    const std::vector<SettingsLevel> levels = ListSettings(*loaded.record);
+    std::vector<SettingsLevel> levels = ListSettings(*loaded.record);
+    std::map<std::string, SettingValue> defaultOf;
+    if (changedOnly) {
+        const SetupSettings defaults(loaded.flags);
+        levels = ChangedFromDefaults(levels, ListSettings(defaults), defaultOf);
+    }
+    const auto defaultFor = [&](const SettingsLevel& level,
+                                const SettingEntry& entry) -> const SettingValue* {
+        const auto it = defaultOf.find(level.Name + "." + entry.Field);
+        return it != defaultOf.end() ? &it->second : nullptr;
+    };
 
     if (json) {
         Json levelsJson = Json::object();
@@ -113,6 +152,9 @@ void Show(bool json, CliContext& ctx) {
                            {"key", entry.Key},
                            {"file", entry.File}};
                 if (!entry.Note.empty()) field["note"] = Text(entry.Note);
+                if (const SettingValue* value = defaultFor(level, entry)) {
+                    field["default"] = ValueJson(*value);
+                }
                 fields[entry.Field] = std::move(field);
             }
             levelsJson[level.Name] = std::move(fields);
@@ -136,10 +178,14 @@ void Show(bool json, CliContext& ctx) {
             std::snprintf(line, sizeof line, "  %-28s %-40s ", entry.Field.c_str(), value.c_str());
             ctx.out << line;
             if (entry.Key.empty()) {
-                ctx.out << "(no key)\n";
+                ctx.out << "(no key)";
             } else {
-                ctx.out << '[' << entry.Section << "] " << entry.Key << "  " << entry.File << '\n';
+                ctx.out << '[' << entry.Section << "] " << entry.Key << "  " << entry.File;
             }
+            if (const SettingValue* defaultValue = defaultFor(level, entry)) {
+                ctx.out << "  default " << ValueText(*defaultValue);
+            }
+            ctx.out << '\n';
         }
     }
 }
@@ -359,12 +405,19 @@ void Guarded(CliContext& ctx, Command command) {
 
 void AddSettingsCommands(CLI::App& app, CliContext& ctx) {
     auto showJson = std::make_shared<bool>(false);
+    auto showChanged = std::make_shared<bool>(false);
     auto* show = app.add_subcommand(
         "show",
         "Every setting of every group as the editor reads it, level by level, with its\n"
         "section, key and file");
     show->add_flag("--json", *showJson, "JSON output; keys are the record's field names");
-    show->callback([showJson, &ctx] { Guarded(ctx, [&] { Show(*showJson, ctx); }); });
+    show->add_flag("--changed", *showChanged,
+                   "Only the settings whose value differs from the built-in default (the value\n"
+                   "a new settings record starts with), each with that default; levels without\n"
+                   "such a setting are left out");
+    show->callback([showJson, showChanged, &ctx] {
+        Guarded(ctx, [&] { Show(*showJson, *showChanged, ctx); });
+    });
 
     auto checkJson = std::make_shared<bool>(false);
     auto* check = app.add_subcommand(

@@ -15,6 +15,7 @@ namespace wk::cli {
 struct ColourValue {
     int Red = 0, Green = 0, Blue = 0;
     bool Listed = false;
+    bool operator==(const ColourValue&) const = default;
 };
 
 using SettingValue = std::variant<bool, std::int64_t, double, std::string, ColourValue>;

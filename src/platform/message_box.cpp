@@ -11,7 +11,15 @@ namespace {
 int ShowOnStandardError(const MessageBoxRequest& request) {
     std::cerr << (request.caption.empty() ? std::string() : request.caption + ": ") << request.text
               << '\n';
-    return (request.type & 0xF) == MB_YESNOCANCEL ? IDCANCEL : IDOK;
+    if (!request.details.empty()) std::cerr << request.details << '\n';
+    switch (request.type & 0xF) {
+        case MB_YESNOCANCEL:
+            return IDCANCEL;
+        case MB_YESNO:
+            return IDNO;
+        default:
+            return IDOK;
+    }
 }
 
 MessageBoxPresenter& CurrentPresenter() {
@@ -22,17 +30,24 @@ MessageBoxPresenter& CurrentPresenter() {
 }  // namespace
 
 int MessageBoxA(void* owner, const char* text, const char* caption, unsigned type) {
+    return MessageBoxWithDetails(owner, text, caption, type, std::string());
+}
+
+int MessageBoxWithDetails(void* owner, const char* text, const char* caption, unsigned type,
+                          const std::string& details) {
     MessageBoxRequest request;
     request.owner = owner;
     request.text = text ? text : "";
     request.caption = caption ? caption : "";
     request.type = type;
+    request.details = details;
     return CurrentPresenter()(request);
 }
 
 MessageBoxPresenter SetMessageBoxPresenter(MessageBoxPresenter presenter) {
     MessageBoxPresenter previous = std::move(CurrentPresenter());
-    CurrentPresenter() = presenter ? std::move(presenter) : MessageBoxPresenter(ShowOnStandardError);
+    CurrentPresenter() =
+        presenter ? std::move(presenter) : MessageBoxPresenter(ShowOnStandardError);
     return previous;
 }
 

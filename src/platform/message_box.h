@@ -14,6 +14,7 @@ namespace wk {
 // Button sets and icons, with the Windows values.
 inline constexpr unsigned MB_OK = 0x0;
 inline constexpr unsigned MB_YESNOCANCEL = 0x3;
+inline constexpr unsigned MB_YESNO = 0x4;
 inline constexpr unsigned MB_ICONSTOP = 0x10;
 inline constexpr unsigned MB_ICONQUESTION = 0x20;
 inline constexpr unsigned MB_ICONEXCLAMATION = 0x30;
@@ -30,6 +31,9 @@ struct MessageBoxRequest {
     std::string text;
     std::string caption;
     unsigned type = MB_OK;
+    // A longer text the user may open under the message ("Show Details..."): the list of
+    // keys a save or a restore would change. Empty for no details section.
+    std::string details;
 };
 
 using MessageBoxPresenter = std::function<int(const MessageBoxRequest&)>;
@@ -37,8 +41,12 @@ using MessageBoxPresenter = std::function<int(const MessageBoxRequest&)>;
 // Shows the message through the current presenter and returns its answer.
 int MessageBoxA(void* owner, const char* text, const char* caption, unsigned type);
 
+// As MessageBoxA, with a details text under the message (none when `details` is empty).
+int MessageBoxWithDetails(void* owner, const char* text, const char* caption, unsigned type,
+                          const std::string& details);
+
 // Replaces the presenter; returns the previous one. An empty function restores the
-// default (standard error, answer IDOK or, for a question, IDCANCEL).
+// default (standard error, answer IDOK or, for a question, IDCANCEL or IDNO).
 MessageBoxPresenter SetMessageBoxPresenter(MessageBoxPresenter presenter);
 
 }  // namespace wk

@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "platform/dos_paths.h"
+#include "platform/profile_dry_run.h"
 #include "platform/profile_files.h"
 #include "platform/profile_store.h"
 #include "platform/text_codec.h"
@@ -224,10 +225,19 @@ bool WritePrivateProfileStringA(const char* section, const char* key, const char
         fileName,
         [&](ProfileDocument& doc) {
             const std::string s = Internal(doc, sectionName);
-            if (key == nullptr) return doc.DeleteSection(s);
-            const std::string k = Internal(doc, keyName);
-            if (value == nullptr) return doc.DeleteKey(s, k);
-            return doc.SetValue(s, k, Internal(doc, value));
+            const std::string k = key != nullptr ? Internal(doc, keyName) : std::string();
+            // A save that is only tried out records what each write changes.
+            ProfileDryRun::NoteWriteBefore(doc, fileName, s, key != nullptr ? &k : nullptr);
+            bool changed = false;
+            if (key == nullptr) {
+                changed = doc.DeleteSection(s);
+            } else if (value == nullptr) {
+                changed = doc.DeleteKey(s, k);
+            } else {
+                changed = doc.SetValue(s, k, Internal(doc, value));
+            }
+            ProfileDryRun::NoteWriteAfter(doc);
+            return changed;
         },
         error);
     platform::RecordProfileFailure(ok ? platform::FileError{} : error);

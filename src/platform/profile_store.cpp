@@ -189,6 +189,8 @@ bool ProfileStore::LockForWrite(const std::string& directory, DirectoryLock& loc
 }
 
 bool ProfileStore::LockDirectoryForBatch(const std::string& directory, FileError& error) {
+    // A dry run writes nothing, so it keeps no other writer waiting.
+    if (batchMode_ == CommitMode::DryRun) return true;
     const std::string key = fs::path(directory).lexically_normal().string();
     if (batchLocks_.count(key) != 0) return true;
     DirectoryLock lock;
@@ -271,6 +273,10 @@ FileReplacement& ProfileStore::BatchReplacement(const std::string& directoryHint
 bool ProfileStore::StageFile(const std::string& hostPath, const std::string& bytes,
                              FileError& error) {
     const std::string directory = DirectoryOf(hostPath);
+    if (batchDepth_ > 0 && batchMode_ == CommitMode::DryRun) {
+        error.Clear();  // a dry run replaces no file, the backup included
+        return true;
+    }
     if (batchDepth_ > 0 && batchMode_ == CommitMode::AllOrNothing) {
         if (!LockDirectoryForBatch(directory, error)) return false;
         return BatchReplacement(directory).Stage(hostPath, bytes, error);
@@ -349,6 +355,10 @@ bool ProfileStore::CommitAllOrNothing(FileError& error) {
 
 bool ProfileStore::CommitBatch(FileError& error) {
     error.Clear();
+    if (batchMode_ == CommitMode::DryRun) {
+        AbandonBatch();
+        return true;
+    }
     const bool ok =
         batchMode_ == CommitMode::AllOrNothing ? CommitAllOrNothing(error) : CommitEachFile(error);
     // Files are checked again from now on.

@@ -36,8 +36,10 @@ void RecordProfileFailure(const FileError& error);
 class ProfileStore {
 public:
     enum class CommitMode {
-        EachFile,     // each changed file is replaced by itself; one failure spares the others
-        AllOrNothing  // every changed and staged file is replaced, or none (file_replace.h)
+        EachFile,      // each changed file is replaced by itself; one failure spares the others
+        AllOrNothing,  // every changed and staged file is replaced, or none (file_replace.h)
+        DryRun  // nothing is replaced and no lock is taken: the writes are tried out in memory
+                // and dropped at the end (profile_dry_run.h)
     };
 
     // What a caller may learn about a settings file besides its values.

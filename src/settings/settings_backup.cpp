@@ -17,6 +17,7 @@
 #include "platform/dos_paths.h"
 #include "platform/profile_files.h"
 #include "platform/windows_directory.h"
+#include "settings/backup_bytes.h"
 #include "settings/colour_settings.h"
 #include "settings/settings_files.h"
 
@@ -60,10 +61,10 @@ void AppendAsTextMode(std::string& bytes, int c) {
     bytes.push_back(static_cast<char>(c));
 }
 
-// The bytes of the backup of the file at `sourcePath`: the copy loop whose end-of-file test
-// comes before the read, so that the EOF of the last, failed read is written too (one byte
-// 0xFF at the end). nullopt when the source cannot be opened (a missing file, a directory, a
-// pipe: OpenFileA takes regular files only) or cannot be read to its end.
+}  // namespace
+
+// The copy loop whose end-of-file test comes before the read, so that the EOF of the last,
+// failed read is written too (one byte 0xFF at the end).
 std::optional<std::string> BackupBytes(const char* sourcePath) {
     std::FILE* source = platform::OpenFileA(sourcePath, "rt");
     if (source == nullptr) return std::nullopt;
@@ -83,6 +84,8 @@ std::optional<std::string> BackupBytes(const char* sourcePath) {
     if (!readToTheEnd) return std::nullopt;
     return bytes;
 }
+
+namespace {
 
 // "C:\windows" + "\WZELKO.INI", in the 500-character buffers of the measuring application.
 std::optional<std::string> WindowsDirectoryPath(const char* name) {

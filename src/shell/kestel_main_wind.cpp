@@ -21,10 +21,12 @@
 #include "platform/windows_directory.h"
 #include "settings/directory_schema.h"
 #include "settings/key_profile_helpers.h"
+#include "settings/pending_changes.h"
 #include "settings/settings_files.h"
 #include "shell/client_area.h"
 #include "shell/language_text.h"
 #include "shell/qt_message_box.h"
+#include "shell/restore_backup.h"
 #include "shell/save_failure.h"
 #include "shell/startup_messages.h"
 #include "shell/upgrade_status.h"
@@ -125,6 +127,7 @@ TKestelMainWind::~TKestelMainWind() {
 
 void TKestelMainWind::ConnectMenu() {
     connect(menu_.Save(), &QAction::triggered, this, &TKestelMainWind::KestelFile_SaveClick);
+    connect(menu_.Restore(), &QAction::triggered, this, &TKestelMainWind::KestelFile_RestoreClick);
     connect(menu_.Exit(), &QAction::triggered, this, &TKestelMainWind::KestelFile_ExitClick);
     connect(menu_.HelpIndex(), &QAction::triggered, this, &TKestelMainWind::KestelHelp_IndexClick);
     connect(menu_.About(), &QAction::triggered, this, &TKestelMainWind::KestelHelp_AboutClick);
@@ -353,8 +356,12 @@ bool TKestelMainWind::ApplyCurrentPage(bool saveWithoutAsking) {
 int TKestelMainWind::AskToSave() {
     const std::string text = GetLanguageString(kIdSaveQuestion, kLanguageMaxLength);
     const std::string caption = GetLanguageString(kIdSaveCaption, kLanguageMaxLength);
-    return MessageBoxA(static_cast<QWidget*>(this), text.c_str(), caption.c_str(),
-                       MB_YESNOCANCEL | MB_ICONQUESTION);
+    // Behind "Show Details...": each key a Yes would change, old and new value, so that the
+    // user knows exactly what the answer does. A record whose changes were all taken back
+    // changes no value, and the question then has no details.
+    const std::string details = PendingChangesText(PendingChanges(settings_));
+    return MessageBoxWithDetails(static_cast<QWidget*>(this), text.c_str(), caption.c_str(),
+                                 MB_YESNOCANCEL | MB_ICONQUESTION, details);
 }
 
 void TKestelMainWind::SelectPageFromMenu(std::size_t row) {
@@ -366,6 +373,30 @@ void TKestelMainWind::SelectPageFromMenu(std::size_t row) {
 
 void TKestelMainWind::KestelFile_SaveClick() {
     ApplyCurrentPage(true);
+}
+
+void TKestelMainWind::KestelFile_RestoreClick() {
+    if (!recordRead_) {
+        return;
+    }
+    // An edit in progress is a change like any other: the question then says that the changes
+    // not saved are lost, and No keeps it (in the record, as OK would).
+    const int row = ActiveRow();
+    if (row >= 0 && rows_[static_cast<std::size_t>(row)].storesOnOk) {
+        pages_[static_cast<std::size_t>(row)]->Store();
+    }
+    if (!RestoreBackupAsking(static_cast<QWidget*>(this), settings_.Modified)) {
+        return;
+    }
+    // The record and every page show the restored files, as after the answer No to the save
+    // question. The measuring unit and the controller type are taken once per run (start-up):
+    // a restore that changes them shows in the next run.
+    settings_.ReadAll();
+    for (KestelPage* page : pages_) {
+        if (page) {
+            page->Load(true);
+        }
+    }
 }
 
 void TKestelMainWind::KestelFile_ExitClick() {

@@ -75,6 +75,7 @@ signals:
 
 public slots:
     void KestelFile_SaveClick();
+    void KestelFile_RestoreClick();
     void KestelFile_ExitClick();
     void KestelHelp_IndexClick();
     void KestelHelp_AboutClick();

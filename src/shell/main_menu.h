@@ -1,8 +1,8 @@
 #pragma once
 // The menu bar of the main window: File, General configuration, Element parameters, Other and
 // Help. The page entries come from the table of pages, each in its popup at its position, with
-// its captions and its rule for being shown; the frame's own entries (Save, Exit, Index, About)
-// are fixed here.
+// its captions and its rule for being shown; the frame's own entries (Save, Restore Backup,
+// Exit, Index, About) are fixed here.
 
 #include <span>
 #include <vector>
@@ -22,6 +22,7 @@ public:
     MainMenu(QMenuBar& bar, std::span<const PageEntry> pages);
 
     QAction* Save() const { return save_; }
+    QAction* Restore() const { return restore_; }
     QAction* Exit() const { return exit_; }
     QAction* HelpIndex() const { return helpIndex_; }
     QAction* About() const { return about_; }
@@ -47,6 +48,7 @@ private:
     std::vector<Captioned> frameEntries_;  // popups and the frame's entries
     std::vector<PageEntryActions> pageEntries_;
     QAction* save_ = nullptr;
+    QAction* restore_ = nullptr;
     QAction* exit_ = nullptr;
     QAction* helpIndex_ = nullptr;
     QAction* about_ = nullptr;

@@ -11,9 +11,29 @@ namespace {
 constexpr unsigned kButtonMask = 0xF;
 constexpr unsigned kIconMask = 0xF0;
 
-// The program asks one question, the save question; every other message is a plain OK.
-bool IsQuestion(unsigned type) {
-    return (type & kButtonMask) == MB_YESNOCANCEL;
+// The program asks two questions: the save question (Yes, No, Cancel) and whether to restore
+// the backup (Yes, No); every other message is a plain OK.
+QMessageBox::StandardButtons ButtonsOf(unsigned type) {
+    switch (type & kButtonMask) {
+        case MB_YESNOCANCEL:
+            return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
+        case MB_YESNO:
+            return QMessageBox::Yes | QMessageBox::No;
+        default:
+            return QMessageBox::Ok;
+    }
+}
+
+// Closing a question, or pressing Escape, changes nothing: Cancel where there is one, else No.
+QMessageBox::StandardButton EscapeButtonOf(unsigned type) {
+    switch (type & kButtonMask) {
+        case MB_YESNOCANCEL:
+            return QMessageBox::Cancel;
+        case MB_YESNO:
+            return QMessageBox::No;
+        default:
+            return QMessageBox::Ok;
+    }
 }
 
 QMessageBox::Icon IconOf(unsigned type) {
@@ -49,15 +69,16 @@ QString Ansi(const std::string& text) {
 
 int QtMessageBoxPresenter::operator()(const MessageBoxRequest& request) const {
     auto* owner = static_cast<QWidget*>(request.owner);
-    const QMessageBox::StandardButtons buttons =
-        IsQuestion(request.type) ? QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel
-                                 : QMessageBox::Ok;
-    QMessageBox box(IconOf(request.type), Ansi(request.caption), Ansi(request.text), buttons,
-                    owner);
+    QMessageBox box(IconOf(request.type), Ansi(request.caption), Ansi(request.text),
+                    ButtonsOf(request.type), owner);
     box.setObjectName(QStringLiteral("MessageBox"));
     box.setTextFormat(Qt::PlainText);
-    // Closing the question, or pressing Escape, is Cancel: the user stays where they were.
-    box.setEscapeButton(IsQuestion(request.type) ? QMessageBox::Cancel : QMessageBox::Ok);
+    box.setEscapeButton(EscapeButtonOf(request.type));
+    // The keys a save or a restore would change, behind "Show Details...": the question stays
+    // short, and whoever wants to know exactly what happens can look.
+    if (!request.details.empty()) {
+        box.setDetailedText(Ansi(request.details));
+    }
     if (request.type & MB_TOPMOST) {
         box.setWindowFlag(Qt::WindowStaysOnTopHint);
     }

@@ -15,4 +15,15 @@ CliResult RunCli(const std::vector<std::string>& args) {
     return result;
 }
 
+CliResult RunCliWithInput(const std::vector<std::string>& args, const std::string& input,
+                          bool interactive) {
+    std::ostringstream out, err;
+    std::istringstream in(input);
+    CliResult result;
+    result.exitCode = cli::RunWkestel(args, out, err, in, interactive);
+    result.out = out.str();
+    result.err = err.str();
+    return result;
+}
+
 }  // namespace wk::test

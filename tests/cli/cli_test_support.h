@@ -14,4 +14,8 @@ struct CliResult {
 
 CliResult RunCli(const std::vector<std::string>& args);
 
+// With `input` as standard input; `interactive` as if it were a terminal.
+CliResult RunCliWithInput(const std::vector<std::string>& args, const std::string& input,
+                          bool interactive);
+
 }  // namespace wk::test

@@ -53,8 +53,8 @@ TEST(CliHelp, ReachesEveryCommandOfTheProgram) {
     for (const auto& path : paths) names.push_back(Joined(path));
     EXPECT_EQ(names, (std::vector<std::string>{"profile", "profile get", "profile keys",
                                                "profile sections", "profile int", "profile set",
-                                               "profile delete", "show", "check", "resave",
-                                               "strings", "upgrade"}));
+                                               "profile delete", "show", "check", "resave", "diff",
+                                               "restore", "strings", "upgrade"}));
 }
 
 TEST(CliHelp, UsageLineOfEveryCommandNamesTheProgramAndTheCommand) {
@@ -110,7 +110,7 @@ TEST(CliErrors, AnUnknownCommandIsNamedWithTheCommandsThereAre) {
     EXPECT_EQ(r.out, "");
     EXPECT_EQ(r.err,
               "wkestel: unknown command 'shwo' (the commands are profile, show, check, resave, "
-              "strings, upgrade)\nRun 'wkestel --help' for more information.\n");
+              "diff, restore, strings, upgrade)\nRun 'wkestel --help' for more information.\n");
 }
 
 TEST(CliErrors, AnUnknownCommandOfAGroupIsNamedWithTheGroup) {
@@ -125,7 +125,8 @@ TEST(CliErrors, AMissingCommandListsTheCommands) {
     auto r = RunCli({});
     EXPECT_EQ(r.exitCode, 2);
     EXPECT_EQ(r.err,
-              "wkestel: a command is required (profile, show, check, resave, strings, upgrade)\n"
+              "wkestel: a command is required (profile, show, check, resave, diff, restore, "
+              "strings, upgrade)\n"
               "Run 'wkestel --help' for more information.\n");
 }
 

@@ -109,6 +109,58 @@ TEST_F(SettingsCommandsTest, ShowHonoursThePrefixOption) {
               5);
 }
 
+TEST_F(SettingsCommandsTest, ShowChangedOnTheDemoMachineListsOnlyWhatDiffersFromTheDefaults) {
+    DemoFiles();
+    const auto all = RunCli({"show"});
+    const auto changed = RunCli({"show", "--changed"});
+    ASSERT_EQ(changed.exitCode, 0) << changed.err;
+    EXPECT_LT(changed.out.size(), all.out.size());
+    // The demo machine reaches its RMD controller over TCP/IP, at its own address.
+    EXPECT_NE(changed.out.find("  PortIndex                    8  (TCP/IP)"), std::string::npos)
+        << changed.out;
+    EXPECT_NE(changed.out.find("[CMM] PORT  WZELKO.INI  default 0\n"), std::string::npos)
+        << changed.out;
+    EXPECT_NE(changed.out.find("\"192.168.10.20\""), std::string::npos);
+    // Its approach distance is the default one, and the spare colour entries have no key.
+    EXPECT_NE(all.out.find("  DistApproach "), std::string::npos);
+    EXPECT_EQ(changed.out.find("  DistApproach "), std::string::npos) << changed.out;
+    EXPECT_EQ(changed.out.find("(no key)"), std::string::npos);
+    // The measuring unit is read by the record's constructor: never a change.
+    EXPECT_EQ(changed.out.find("  Metric "), std::string::npos);
+}
+
+TEST_F(SettingsCommandsTest, ShowChangedJsonHasShowsFormWithTheDefaultOfEachSetting) {
+    DemoFiles();
+    const auto result = RunCli({"show", "--changed", "--json"});
+    ASSERT_EQ(result.exitCode, 0) << result.err;
+    const auto json = nlohmann::json::parse(result.out);
+    EXPECT_EQ(json.at("controller").at("type"), "RMD");
+    const auto& port = json.at("levels").at("MachineSettings").at("PortIndex");
+    EXPECT_EQ(port.at("value"), 8);
+    EXPECT_EQ(port.at("default"), 0);
+    EXPECT_EQ(port.at("section"), "CMM");
+    EXPECT_EQ(port.at("key"), "PORT");
+    EXPECT_EQ(port.at("file"), "WZELKO.INI");
+    EXPECT_FALSE(json.at("levels").at("MachineSettings").contains("DistApproach"));
+    for (const auto& [level, fields] : json.at("levels").items()) {
+        EXPECT_FALSE(fields.empty()) << level;
+        for (const auto& [field, entry] : fields.items()) {
+            EXPECT_NE(entry.at("value"), entry.at("default")) << level << "." << field;
+        }
+    }
+}
+
+TEST_F(SettingsCommandsTest, ShowChangedCountsAKeyThatReadsEmptyAsAChangeFromItsDefault) {
+    // A directory that is not in the file reads empty: the measuring application then has
+    // none, not its built-in one.
+    Files(Crlf({"[WZELKO]", "DATA_DIR=\\WZELKO\\DATA"}), "");
+    const auto json = nlohmann::json::parse(RunCli({"show", "--changed", "--json"}).out);
+    const auto& directories = json.at("levels").at("DirectorySettings");
+    EXPECT_FALSE(directories.contains("DataDir"));
+    EXPECT_EQ(directories.at("SystemDir").at("value"), "");
+    EXPECT_EQ(directories.at("SystemDir").at("default"), "\\WZELKO");
+}
+
 TEST_F(SettingsCommandsTest, CheckReportsCom9ReadAsCom1AndExitsOne) {
     Files(kCom9Machine, "");
     const auto result = RunCli({"check"});

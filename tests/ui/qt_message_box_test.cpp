@@ -64,5 +64,45 @@ TEST(QtMessageBox, ShowsTextCaptionAndIconOfTheRequest) {
     EXPECT_EQ(icon, QMessageBox::Critical);
 }
 
+TEST(QtMessageBox, DetailsAreShownBehindShowDetails) {
+    MessageBoxPresenter previous = SetMessageBoxPresenter(QtMessageBoxPresenter{});
+    QString details;
+    QTimer::singleShot(0, [&] {
+        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        ASSERT_NE(box, nullptr);
+        details = box->detailedText();
+        box->button(QMessageBox::Yes)->click();
+    });
+    const int answer = MessageBoxWithDetails(nullptr, "Save changes?", "Question",
+                                             MB_YESNOCANCEL | MB_ICONQUESTION,
+                                             "WZELKO.INI [S] K: \"1\" -> \"2\xE9\"");
+    SetMessageBoxPresenter(std::move(previous));
+    EXPECT_EQ(answer, IDYES);
+    EXPECT_EQ(details, QStringLiteral("WZELKO.INI [S] K: \"1\" -> \"2\u00E9\""));
+}
+
+TEST(QtMessageBox, AMessageWithoutDetailsHasNoDetailsSection) {
+    QString details = QStringLiteral("unset");
+    ShowAndAnswer(MB_YESNOCANCEL | MB_ICONQUESTION, [&](QMessageBox* b) {
+        details = b->detailedText();
+        b->button(QMessageBox::Cancel)->click();
+    });
+    EXPECT_TRUE(details.isEmpty());
+}
+
+TEST(QtMessageBox, YesNoAnswersWithTheWindowsIdsAndEscapeIsNo) {
+    bool hasCancel = true;
+    EXPECT_EQ(ShowAndAnswer(MB_YESNO | MB_ICONQUESTION,
+                            [&](QMessageBox* b) {
+                                hasCancel = b->button(QMessageBox::Cancel) != nullptr;
+                                b->button(QMessageBox::Yes)->click();
+                            }),
+              IDYES);
+    EXPECT_FALSE(hasCancel);
+    EXPECT_EQ(ShowAndAnswer(MB_YESNO | MB_ICONQUESTION,
+                            [](QMessageBox* b) { QTest::keyClick(b, Qt::Key_Escape); }),
+              IDNO);
+}
+
 }  // namespace
 }  // namespace wk
