@@ -4,7 +4,7 @@ WINDOWS_BUILD ?= build-windows
 CMAKE_FLAGS ?=
 WINDOWS_CMAKE_FLAGS ?=
 
-.PHONY: all deps configure build programs test demo demo-reset bench windows test-windows clean
+.PHONY: all deps configure build programs test demo demo-reset screenshots bench windows test-windows clean
 
 all: build
 
@@ -33,6 +33,12 @@ demo: configure
 # Throws away the demo's working copy so that the next `make demo` starts from the shipped files.
 demo-reset:
 	rm -rf $(BUILD)/demo-prefix
+
+# The README's pictures of every page, the directory dialog and the about box, drawn anew on the
+# demo prefix at the normal and at twice the scale (docs/screenshots, docs/screenshots/2x).
+screenshots: configure
+	cmake --build $(BUILD) --target programs wkestel-screenshots
+	scripts/screenshots $(BUILD)
 
 bench: build
 	scripts/run-benchmarks $(BUILD)

@@ -122,6 +122,10 @@ void ReleaseLanguageLibrary() {
 
 bool SetupHelpFile(const std::string& code) {
     LanguageState& state = Language();
+    // A help file found for an earlier language (or an earlier window of the process) is not
+    // this language's.
+    state.HelpAvailable = false;
+    state.HelpFilePath.clear();
     std::string directory = platform::CurrentDirectory();
     std::string fallback = directory + "\\Help\\MarvaneEng.hlp";
     std::string candidate = directory + "\\Help\\Marvane" + code + ".hlp";

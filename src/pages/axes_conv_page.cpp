@@ -35,6 +35,7 @@ QToolButton* MakeButton(QWidget* parent, const char* name, const char* caption) 
     button->setAutoRaise(false);
     button->setMinimumSize(kPictureSide + 40, kPictureSide + 48);
     button->setFocusPolicy(Qt::StrongFocus);
+    button->setCheckable(true);
     return button;
 }
 
@@ -69,13 +70,15 @@ void TAxesConvPage::CopyGlyph(QToolButton* button, const QLabel* picture) {
 }
 
 void TAxesConvPage::ShowState() {
-    if (host_.Settings().QenAxesConvention) {
-        CopyGlyph(pGB_QenAxes, QenAxesOn);
-        CopyGlyph(pGB_KVAxes, VKAxesOff);
-    } else {
-        CopyGlyph(pGB_QenAxes, QenAxesOff);
-        CopyGlyph(pGB_KVAxes, VKAxesOn);
-    }
+    ShowChosen(host_.Settings().QenAxesConvention);
+}
+
+void TAxesConvPage::ShowChosen(bool qen) {
+    CopyGlyph(pGB_QenAxes, qen ? QenAxesOn : QenAxesOff);
+    CopyGlyph(pGB_KVAxes, qen ? VKAxesOff : VKAxesOn);
+    // The chosen button is also down, which is how a screen reader tells the two apart.
+    pGB_QenAxes->setChecked(qen);
+    pGB_KVAxes->setChecked(!qen);
 }
 
 void TAxesConvPage::Initialise() {
@@ -92,18 +95,17 @@ void TAxesConvPage::Load(bool /*refreshAll*/) {
 void TAxesConvPage::pGB_QenAxesClick() {
     SetupSettings& settings = host_.Settings();
     // The convention already chosen: nothing changes, and the record is not marked modified.
-    if (settings.QenAxesConvention) return;
-    CopyGlyph(pGB_QenAxes, QenAxesOn);
-    CopyGlyph(pGB_KVAxes, VKAxesOff);
+    // The click has let the button up, which is put right: the chosen one stays down.
+    if (settings.QenAxesConvention) return ShowChosen(true);
+    ShowChosen(true);
     settings.QenAxesConvention = true;
     host_.MarkModified();
 }
 
 void TAxesConvPage::pGB_KVAxesClick() {
     SetupSettings& settings = host_.Settings();
-    if (!settings.QenAxesConvention) return;
-    CopyGlyph(pGB_QenAxes, QenAxesOff);
-    CopyGlyph(pGB_KVAxes, VKAxesOn);
+    if (!settings.QenAxesConvention) return ShowChosen(false);
+    ShowChosen(false);
     settings.QenAxesConvention = false;
     host_.MarkModified();
 }

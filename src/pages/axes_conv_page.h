@@ -26,6 +26,8 @@ public slots:
 
 private:
     void ShowState();
+    // The pictures (and the buttons' state) of the convention chosen: QEN, or standard.
+    void ShowChosen(bool qen);
     static void CopyGlyph(QToolButton* button, const QLabel* picture);
 
     QToolButton* pGB_QenAxes;

@@ -6,6 +6,7 @@
 #include <QVBoxLayout>
 #include <iterator>
 
+#include "pages/form_controls.h"
 #include "platform/text_codec.h"
 #include "platform/text_to_number.h"
 #include "settings/setup_settings.h"
@@ -39,33 +40,16 @@ constexpr const char* kKpt = "KPT";
 constexpr const char* kTq = "TQ";
 constexpr const char* kVek3 = "VEK3";
 
-QLabel* MakeLabel(QWidget* parent, const char* name, const char* text) {
-    auto* label = new QLabel(QString::fromLatin1(text), parent);
-    label->setObjectName(QString::fromLatin1(name));
-    return label;
-}
-
 EditField* MakeEdit(QWidget* parent, const char* name) {
-    auto* edit = new EditField(parent);
-    edit->setObjectName(QString::fromLatin1(name));
+    EditField* edit = MakeFormEdit(parent, name);
     edit->setMaximumWidth(140);
     return edit;
 }
 
 QComboBox* MakeList(QWidget* parent, const char* name) {
-    auto* list = new QComboBox(parent);
-    list->setObjectName(QString::fromLatin1(name));
-    list->setSizeAdjustPolicy(QComboBox::AdjustToContents);
+    QComboBox* list = MakeFormList(parent, name);
     list->setMinimumContentsLength(16);
     return list;
-}
-
-// The accessible name of a control that a label captions: the label's text without its
-// mnemonic mark.
-void NameAfter(QWidget* control, const QLabel* label) {
-    QString name = label->text();
-    name.remove(QLatin1Char('&'));
-    control->setAccessibleName(name.trimmed());
 }
 
 void ShowLimit(EditField* edit, double value) {
@@ -88,41 +72,37 @@ std::uint32_t ParseBaseAddress(const QString& text) {
 }  // namespace
 
 TControllerPage::TControllerPage(PageHost& host) : KestelPage(host) {
-    pGBX_MouseButt = new QGroupBox(QStringLiteral("Mouse buttons"), this);
-    pGBX_MouseButt->setObjectName(QStringLiteral("pGBX_MouseButt"));
-    pFT_LeftButt = MakeLabel(pGBX_MouseButt, "pFT_LeftButt", "Left button:");
-    pFT_MiddleButt = MakeLabel(pGBX_MouseButt, "pFT_MiddleButt", "Middle button:");
-    pFT_RightButt = MakeLabel(pGBX_MouseButt, "pFT_RightButt", "Right button:");
+    pGBX_MouseButt = MakeFormGroup(this, "pGBX_MouseButt", "Mouse buttons");
+    pFT_LeftButt = MakeFormLabel(pGBX_MouseButt, "pFT_LeftButt", "Left button:");
+    pFT_MiddleButt = MakeFormLabel(pGBX_MouseButt, "pFT_MiddleButt", "Middle button:");
+    pFT_RightButt = MakeFormLabel(pGBX_MouseButt, "pFT_RightButt", "Right button:");
     pCB_Left = MakeList(pGBX_MouseButt, "pCB_Left");
     pCB_Middle = MakeList(pGBX_MouseButt, "pCB_Middle");
     pCB_Right = MakeList(pGBX_MouseButt, "pCB_Right");
 
-    pFT_BaseAddr = MakeLabel(this, "pFT_BaseAddr", "Base address:");
+    pFT_BaseAddr = MakeFormLabel(this, "pFT_BaseAddr", "Base address:");
     pSLE_BaseAddr = MakeEdit(this, "pSLE_BaseAddr");
-    pCHB_HpEnabled = new QCheckBox(QStringLiteral("Hard probe compensation"), this);
-    pCHB_HpEnabled->setObjectName(QStringLiteral("pCHB_HpEnabled"));
-    pCB_IsQD32Z = new QCheckBox(QStringLiteral("QD32Z compatible mode"), this);
-    pCB_IsQD32Z->setObjectName(QStringLiteral("pCB_IsQD32Z"));
+    pCHB_HpEnabled = MakeFormCheck(this, "pCHB_HpEnabled", "Hard probe compensation");
+    pCB_IsQD32Z = MakeFormCheck(this, "pCB_IsQD32Z", "QD32Z compatible mode");
 
     pGrBox_SpeedAndAccel =
-        new QGroupBox(QStringLiteral("Max speeds and acceleration parameters "), this);
-    pGrBox_SpeedAndAccel->setObjectName(QStringLiteral("pGrBox_SpeedAndAccel"));
+        MakeFormGroup(this, "pGrBox_SpeedAndAccel", "Max speeds and acceleration parameters ");
     QWidget* speeds = pGrBox_SpeedAndAccel;
     pRB_FromController = new QRadioButton(QStringLiteral("From &Controller"), speeds);
     pRB_FromController->setObjectName(QStringLiteral("pRB_FromController"));
     pRB_FromSetupFile = new QRadioButton(QStringLiteral("From &Setup File"), speeds);
     pRB_FromSetupFile->setObjectName(QStringLiteral("pRB_FromSetupFile"));
-    pFT_MaxMSpeed = MakeLabel(speeds, "pFT_MaxMSpeed", "Max measuring speed:");
-    pFT_MaxPSpeed = MakeLabel(speeds, "pFT_MaxPSpeed", "Max positioning speed:");
-    pFT_MaxAccell = MakeLabel(speeds, "pFT_MaxAccell", "Max acceleration:");
+    pFT_MaxMSpeed = MakeFormLabel(speeds, "pFT_MaxMSpeed", "Max measuring speed:");
+    pFT_MaxPSpeed = MakeFormLabel(speeds, "pFT_MaxPSpeed", "Max positioning speed:");
+    pFT_MaxAccell = MakeFormLabel(speeds, "pFT_MaxAccell", "Max acceleration:");
     pSLE_MaxMSpeed = MakeEdit(speeds, "pSLE_MaxMSpeed");
     pSLE_MaxPSpeed = MakeEdit(speeds, "pSLE_MaxPSpeed");
     pSLE_MaxAccell = MakeEdit(speeds, "pSLE_MaxAccell");
-    pFT_MMSpUnity = MakeLabel(speeds, "pFT_MMSpUnity", "[mm / s]");
-    pFT_MPSpUnity = MakeLabel(speeds, "pFT_MPSpUnity", "[mm / s]");
-    pFT_MAccUnity = MakeLabel(speeds, "pFT_MAccUnity", "[mm / s]");
+    pFT_MMSpUnity = MakeFormLabel(speeds, "pFT_MMSpUnity", "[mm / s]");
+    pFT_MPSpUnity = MakeFormLabel(speeds, "pFT_MPSpUnity", "[mm / s]");
+    pFT_MAccUnity = MakeFormLabel(speeds, "pFT_MAccUnity", "[mm / s]");
     // The exponent of the acceleration unit, written small and raised beside it.
-    pFT_Square = MakeLabel(speeds, "pFT_Square", "2");
+    pFT_Square = MakeFormLabel(speeds, "pFT_Square", "2");
     QFont small = pFT_Square->font();
     small.setPointSizeF(small.pointSizeF() * 0.75);
     pFT_Square->setFont(small);
@@ -232,12 +212,9 @@ void TControllerPage::BuildLayout() {
     page->addLayout(right, 1);
 
     // Down the left column, then the source of the limits and the limits themselves.
-    QWidget* tabOrder[] = {pCB_Left,       pCB_Middle,     pCB_Right,          pSLE_BaseAddr,
-                           pCHB_HpEnabled, pCB_IsQD32Z,    pRB_FromController, pRB_FromSetupFile,
-                           pSLE_MaxMSpeed, pSLE_MaxPSpeed, pSLE_MaxAccell};
-    for (std::size_t i = 1; i < std::size(tabOrder); ++i) {
-        setTabOrder(tabOrder[i - 1], tabOrder[i]);
-    }
+    ChainTabOrder({pCB_Left, pCB_Middle, pCB_Right, pSLE_BaseAddr, pCHB_HpEnabled, pCB_IsQD32Z,
+                   pRB_FromController, pRB_FromSetupFile, pSLE_MaxMSpeed, pSLE_MaxPSpeed,
+                   pSLE_MaxAccell});
 }
 
 QString TControllerPage::WindowCaption(const PageHost& host, const std::string& controllerType) {
@@ -272,13 +249,10 @@ void TControllerPage::Initialise() {
     const QString speedUnit = host_.LanguageText(kIdSpeedUnit);
     for (QLabel* unit : {pFT_MMSpUnity, pFT_MPSpUnity, pFT_MAccUnity}) unit->setText(speedUnit);
     pFT_Square->setText(QStringLiteral("2"));
-    NameAfter(pCB_Left, pFT_LeftButt);
-    NameAfter(pCB_Middle, pFT_MiddleButt);
-    NameAfter(pCB_Right, pFT_RightButt);
-    NameAfter(pSLE_BaseAddr, pFT_BaseAddr);
-    NameAfter(pSLE_MaxMSpeed, pFT_MaxMSpeed);
-    NameAfter(pSLE_MaxPSpeed, pFT_MaxPSpeed);
-    NameAfter(pSLE_MaxAccell, pFT_MaxAccell);
+    for (const QLabel* label : {pFT_LeftButt, pFT_MiddleButt, pFT_RightButt, pFT_BaseAddr,
+                                pFT_MaxMSpeed, pFT_MaxPSpeed, pFT_MaxAccell}) {
+        NameAfterLabel(label);
+    }
 
     // The five functions a button can have; the stored value is the index of the chosen one.
     // A value outside the list selects nothing and stays stored until the user chooses.

@@ -40,7 +40,9 @@ QString RangeText(std::uint32_t minimum) {
 }  // namespace
 
 TNumPointsPage::TNumPointsPage(PageHost& host) : KestelPage(host) {
-    auto* frame = new QGroupBox(this);
+    // A plain frame around the page's controls: it has no caption, and no name to give.
+    auto* frame = new QFrame(this);
+    frame->setFrameShape(QFrame::StyledPanel);
     pST_ListElement = MakeFormLabel(frame, "pST_ListElement", "Element List");
     pLB_Element = new QListWidget(frame);
     pLB_Element->setObjectName(QStringLiteral("pLB_Element"));
@@ -73,6 +75,8 @@ TNumPointsPage::TNumPointsPage(PageHost& host) : KestelPage(host) {
     pST_NewDefault->setBuddy(pSLE_NewDefault);
 
     auto* listColumn = new QVBoxLayout;
+    // Its own spacing: a nested layout would take the wide one of the frame's row.
+    listColumn->setSpacing(6);
     listColumn->addWidget(pST_ListElement);
     listColumn->addWidget(pLB_Element, 1);
 

@@ -5,7 +5,7 @@
 #include <iterator>
 
 #include "dialogs/open_dir_dialog.h"
-#include "platform/text_codec.h"
+#include "pages/form_controls.h"
 #include "settings/setup_settings.h"
 #include "widgets/edit_field.h"
 
@@ -18,35 +18,20 @@ constexpr int kIdSheet = 18;
 constexpr int kIdBrowse = 134;
 constexpr int kIdDialogCaption = 455;
 
-QLabel* MakeLabel(QWidget* parent, const char* name, const char* text) {
-    auto* label = new QLabel(QString::fromLatin1(text), parent);
-    label->setObjectName(QString::fromLatin1(name));
-    return label;
-}
-
 EditField* MakeEdit(QWidget* parent, const char* name) {
-    auto* edit = new EditField(parent);
-    edit->setObjectName(QString::fromLatin1(name));
+    EditField* edit = MakeFormEdit(parent, name);
     edit->setMinimumWidth(edit->fontMetrics().horizontalAdvance(QString(32, QLatin1Char('W'))));
     return edit;
-}
-
-QString FromAnsi(const std::string& ansi) {
-    return QString::fromStdString(platform::AnsiToUtf8(ansi));
-}
-
-std::string ToAnsi(const QString& text) {
-    return platform::Utf8ToAnsi(text.toStdString());
 }
 
 }  // namespace
 
 TDirectoriesPage::TDirectoriesPage(PageHost& host) : KestelPage(host) {
-    pST_SystemDir = MakeLabel(this, "pST_SystemDir", "System :");
-    pST_DataDir = MakeLabel(this, "pST_DataDir", "Data :");
-    pST_PProgDir = MakeLabel(this, "pST_PProgDir", "Part Program :");
-    pST_MeasDir = MakeLabel(this, "pST_MeasDir", "Measure :");
-    pST_UserDir = MakeLabel(this, "pST_UserDir", "User :");
+    pST_SystemDir = MakeFormLabel(this, "pST_SystemDir", "System :");
+    pST_DataDir = MakeFormLabel(this, "pST_DataDir", "Data :");
+    pST_PProgDir = MakeFormLabel(this, "pST_PProgDir", "Part Program :");
+    pST_MeasDir = MakeFormLabel(this, "pST_MeasDir", "Measure :");
+    pST_UserDir = MakeFormLabel(this, "pST_UserDir", "User :");
     pSLE_SystemDir = MakeEdit(this, "pSLE_SystemDir");
     pSLE_DataDir = MakeEdit(this, "pSLE_DataDir");
     pSLE_PProgDir = MakeEdit(this, "pSLE_PProgDir");
@@ -85,11 +70,8 @@ TDirectoriesPage::TDirectoriesPage(PageHost& host) : KestelPage(host) {
     grid->setColumnStretch(2, 1);
     grid->setRowStretch(row + 1, 1);
 
-    QWidget* tabOrder[] = {pSLE_SystemDir, pSLE_DataDir, pSLE_PProgDir,
-                           pSLE_MeasDir,   pSLE_UserDir, pPB_BrowserDir};
-    for (std::size_t i = 1; i < std::size(tabOrder); ++i) {
-        setTabOrder(tabOrder[i - 1], tabOrder[i]);
-    }
+    ChainTabOrder(
+        {pSLE_SystemDir, pSLE_DataDir, pSLE_PProgDir, pSLE_MeasDir, pSLE_UserDir, pPB_BrowserDir});
 
     connect(pSLE_SystemDir, &EditField::Enter, this, &TDirectoriesPage::pSLE_SystemDirEnter);
     connect(pSLE_SystemDir, &EditField::Exit, this, &TDirectoriesPage::pSLE_SystemDirExit);
@@ -132,8 +114,7 @@ void TDirectoriesPage::Initialise() {
     host_.SetSheetCaption(this, host_.LanguageText(kIdSheet));
     for (const Directory& d : directories_) {
         d.label->setText(host_.LanguageText(d.captionId));
-        QString name = d.label->text();
-        d.edit->setAccessibleName(name.remove(QLatin1Char('&')).remove(QLatin1Char(':')).trimmed());
+        NameAfterLabel(d.label);
     }
     pPB_BrowserDir->setText(host_.LanguageText(kIdBrowse));
     OpenDirDialog_->setWindowTitle(host_.LanguageText(kIdDialogCaption));
@@ -151,7 +132,7 @@ void TDirectoriesPage::DirectoryExit(std::size_t index) {
     // against the disk.
     const QString upper = edit->text().toUpper();
     edit->setText(upper);
-    Field(index) = ToAnsi(upper);
+    Field(index) = AnsiOf(upper);
     host_.MarkModified();
 }
 
@@ -196,14 +177,14 @@ void TDirectoriesPage::pPB_BrowserDirClick() {
     EditField* edit = directories_[index].edit;
 
     TOpenDirDialog& dialog = *OpenDirDialog_;
-    dialog.SetDirectory(ToAnsi(edit->text()));
+    dialog.SetDirectory(AnsiOf(edit->text()));
     if (!dialog.Run()) return;
     const QString chosen = FromAnsi(dialog.GetDirectory()).toUpper();
     // In the record at once, and left in the edit as a change not yet committed: leaving the
     // edit (or Save, OK, another page) commits it and marks the settings changed.
     edit->setText(chosen);
     edit->setModified(true);
-    Field(index) = ToAnsi(chosen);
+    Field(index) = AnsiOf(chosen);
     edit->setFocus(Qt::OtherFocusReason);
 }
 

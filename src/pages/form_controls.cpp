@@ -12,21 +12,6 @@
 
 namespace wk {
 
-namespace {
-
-// The caption without the "&" that marks its mnemonic ("&&" stands for one "&").
-QString WithoutMnemonic(const QString& caption) {
-    QString text;
-    text.reserve(caption.size());
-    for (qsizetype i = 0; i < caption.size(); ++i) {
-        if (caption[i] == QLatin1Char('&') && i + 1 < caption.size()) ++i;
-        text += caption[i];
-    }
-    return text;
-}
-
-}  // namespace
-
 QLabel* MakeFormLabel(QWidget* parent, const char* name, const char* caption) {
     auto* label = new QLabel(QString::fromLatin1(caption), parent);
     label->setObjectName(QString::fromLatin1(name));
@@ -79,18 +64,31 @@ std::string AnsiText(const QLineEdit* edit) {
     return AnsiOf(edit->text());
 }
 
+QString SpokenCaption(const QString& caption) {
+    // Without the "&" that marks the mnemonic ("&&" stands for one "&").
+    QString text;
+    text.reserve(caption.size());
+    for (qsizetype i = 0; i < caption.size(); ++i) {
+        if (caption[i] == QLatin1Char('&') && i + 1 < caption.size()) ++i;
+        text += caption[i];
+    }
+    text = text.trimmed();
+    if (text.endsWith(QLatin1Char(':'))) text.chop(1);
+    return text.trimmed();
+}
+
 void NameAfterLabel(const QLabel* label) {
     if (QWidget* buddy = label->buddy()) {
-        buddy->setAccessibleName(WithoutMnemonic(label->text()));
+        buddy->setAccessibleName(SpokenCaption(label->text()));
     }
 }
 
 void NameAfterCaption(std::initializer_list<QWidget*> controls) {
     for (QWidget* control : controls) {
         if (auto* button = qobject_cast<QAbstractButton*>(control)) {
-            button->setAccessibleName(WithoutMnemonic(button->text()));
+            button->setAccessibleName(SpokenCaption(button->text()));
         } else if (auto* group = qobject_cast<QGroupBox*>(control)) {
-            group->setAccessibleName(WithoutMnemonic(group->title()));
+            group->setAccessibleName(SpokenCaption(group->title()));
         }
     }
 }

@@ -18,6 +18,7 @@
 #include <functional>
 #include <vector>
 
+#include "pages/form_controls.h"
 #include "pages/mac_par_texts.h"
 #include "platform/text_codec.h"
 #include "settings/setup_settings.h"
@@ -29,25 +30,9 @@ namespace wk {
 
 namespace {
 
-template <typename Widget>
-Widget* Make(QWidget* parent, const char* name, const char* text = nullptr) {
-    auto* widget = new Widget(parent);
-    widget->setObjectName(QString::fromLatin1(name));
-    if constexpr (requires { widget->setText(QString()); }) {
-        if (text != nullptr) widget->setText(QString::fromLatin1(text));
-    }
-    return widget;
-}
-
-QGroupBox* MakeGroup(QWidget* parent, const char* name, const char* title) {
-    auto* group = new QGroupBox(QString::fromLatin1(title), parent);
-    group->setObjectName(QString::fromLatin1(name));
-    return group;
-}
-
 // Edits of numbers are as wide as the numbers they hold; the file names take the room there is.
 EditField* MakeNumberEdit(QWidget* parent, const char* name, int characters) {
-    auto* edit = Make<EditField>(parent, name);
+    auto* edit = MakeFormControl<EditField>(parent, name);
     const int width = edit->fontMetrics().horizontalAdvance(QString(characters, QLatin1Char('0')));
     edit->setMaximumWidth(width + 16);
     edit->setMinimumWidth(width + 16);
@@ -68,28 +53,34 @@ TMacParPage::TMacParPage(PageHost& host) : KestelPage(host) {
 }
 
 void TMacParPage::BuildControls() {
-    // The form's texts are the captions until the language strings replace them. The PH9
-    // head's simulation box takes "S&imulation": "&Simulation" is the CMM's, on the same page.
-    pGBX_CMM = MakeGroup(this, "pGBX_CMM", "CMM");
-    pST_Port = Make<QLabel>(this, "pST_Port", "Co&nnection:");
-    pCB_Port = Make<QComboBox>(this, "pCB_Port");
-    pST_Resolution = Make<QLabel>(this, "pST_Resolution", "Resol&ution:");
-    pCB_Resolution = Make<EditComboBox>(this, "pCB_Resolution");
-    pST_RESOL_UNITY = Make<QLabel>(this, "pST_RESOL_UNITY", "[mm]");
-    pCHB_CNC_Simul = Make<QCheckBox>(this, "pCHB_CNC_Simul", "&Simulation");
-    pCHB_JX01_Simul = Make<QCheckBox>(this, "pCHB_JX01_Simul", "JX01");
-    pGB_TCPIP = MakeGroup(this, "pGB_TCPIP", "TCP/IP");
-    pST_TCPAddress = Make<QLabel>(this, "pST_TCPAddress", "Addr&ess:");
+    // The form's texts are the captions until the language strings replace them. Their
+    // mnemonics are all different, on a page that needs more of them than any other, and none
+    // is a letter of the menu bar's in either language: the PH9 head's simulation box takes
+    // "Sim&ulation" ("&Simulation" is the CMM's), depth "&Depth" (H is Help's), the optimal
+    // speed "Optima&l Speed" (O is Other's); the labels of the resolution and the connection
+    // have the letters left, the other labels none.
+    pGBX_CMM = MakeFormControl<QGroupBox>(this, "pGBX_CMM", "CMM");
+    pST_Port = MakeFormControl<QLabel>(this, "pST_Port", "Co&nnection:");
+    pCB_Port = MakeFormControl<QComboBox>(this, "pCB_Port");
+    pST_Resolution = MakeFormControl<QLabel>(this, "pST_Resolution", "&Resolution:");
+    pCB_Resolution = MakeFormControl<EditComboBox>(this, "pCB_Resolution");
+    pST_RESOL_UNITY = MakeFormControl<QLabel>(this, "pST_RESOL_UNITY", "[mm]");
+    pCHB_CNC_Simul = MakeFormControl<QCheckBox>(this, "pCHB_CNC_Simul", "&Simulation");
+    pCHB_JX01_Simul = MakeFormControl<QCheckBox>(this, "pCHB_JX01_Simul", "JX01");
+    pGB_TCPIP = MakeFormControl<QGroupBox>(this, "pGB_TCPIP", "TCP/IP");
+    pST_TCPAddress = MakeFormControl<QLabel>(this, "pST_TCPAddress", "Address:");
     pSLE_TCP1 = MakeNumberEdit(this, "pSLE_TCP1", 3);
     pSLE_TCP2 = MakeNumberEdit(this, "pSLE_TCP2", 3);
     pSLE_TCP3 = MakeNumberEdit(this, "pSLE_TCP3", 3);
     pSLE_TCP4 = MakeNumberEdit(this, "pSLE_TCP4", 3);
-    pST_TCPPORT = Make<QLabel>(this, "pST_TCPPORT", "Port:");
+    pST_TCPPORT = MakeFormControl<QLabel>(this, "pST_TCPPORT", "Port:");
     pSLE_TCPPORT = MakeNumberEdit(this, "pSLE_TCPPORT", 6);
     pSLE_TCPPORT->setText(QStringLiteral("2001"));
+    // Named as it reads: inside the CMM's group a screen reader would take that group's title.
+    pGB_TCPIP->setAccessibleName(pGB_TCPIP->title());
 
-    pRB_Manual = Make<QRadioButton>(this, "pRB_Manual", "&Manual");
-    pRB_CNC = Make<QRadioButton>(this, "pRB_CNC", "&CNC");
+    pRB_Manual = MakeFormControl<QRadioButton>(this, "pRB_Manual", "&Manual");
+    pRB_CNC = MakeFormControl<QRadioButton>(this, "pRB_CNC", "&CNC");
     pRB_CNC->setChecked(true);
     // The two stand on the page itself, among the head's type buttons further down: a group
     // of their own keeps them (and the keyboard's way through them) apart from those.
@@ -97,55 +88,55 @@ void TMacParPage::BuildControls() {
     machineKind->addButton(pRB_Manual);
     machineKind->addButton(pRB_CNC);
 
-    pGBX_PH9 = MakeGroup(this, "pGBX_PH9", "Indexed Wrist");
-    pCHB_Ph9_Present = Make<QCheckBox>(this, "pCHB_Ph9_Present", "&Present");
-    pCHB_Ph9_Simul = Make<QCheckBox>(this, "pCHB_Ph9_Simul", "S&imulation");
+    pGBX_PH9 = MakeFormControl<QGroupBox>(this, "pGBX_PH9", "Indexed Wrist");
+    pCHB_Ph9_Present = MakeFormControl<QCheckBox>(this, "pCHB_Ph9_Present", "&Present");
+    pCHB_Ph9_Simul = MakeFormControl<QCheckBox>(this, "pCHB_Ph9_Simul", "Sim&ulation");
     // The head's serial line: its port, then lists whose items say what they are ("9600 baud",
     // "No parity", "8 data bits", "2 stop bits"), so they need no labels of their own.
-    pST_Ph9_Port = Make<QLabel>(this, "pST_Ph9_Port", "Serial line:");
-    pCB_Ph9_Port = Make<QComboBox>(this, "pCB_Ph9_Port");
-    pCB_Ph9_Baud = Make<QComboBox>(this, "pCB_Ph9_Baud");
-    pCB_Ph9_Parity = Make<QComboBox>(this, "pCB_Ph9_Parity");
-    pCB_Ph9_NBits = Make<QComboBox>(this, "pCB_Ph9_NBits");
-    pCB_Ph9_StopBits = Make<QComboBox>(this, "pCB_Ph9_StopBits");
+    pST_Ph9_Port = MakeFormControl<QLabel>(this, "pST_Ph9_Port", "Serial line:");
+    pCB_Ph9_Port = MakeFormControl<QComboBox>(this, "pCB_Ph9_Port");
+    pCB_Ph9_Baud = MakeFormControl<QComboBox>(this, "pCB_Ph9_Baud");
+    pCB_Ph9_Parity = MakeFormControl<QComboBox>(this, "pCB_Ph9_Parity");
+    pCB_Ph9_NBits = MakeFormControl<QComboBox>(this, "pCB_Ph9_NBits");
+    pCB_Ph9_StopBits = MakeFormControl<QComboBox>(this, "pCB_Ph9_StopBits");
     pCB_Ph9_Port->setAccessibleName(QStringLiteral("PH9 port"));
     pCB_Ph9_Baud->setAccessibleName(QStringLiteral("PH9 speed"));
     pCB_Ph9_Parity->setAccessibleName(QStringLiteral("PH9 parity"));
     pCB_Ph9_NBits->setAccessibleName(QStringLiteral("PH9 data bits"));
     pCB_Ph9_StopBits->setAccessibleName(QStringLiteral("PH9 stop bits"));
-    p_RB_PHx = Make<QRadioButton>(this, "p_RB_PHx", "PH9/PH10");
-    p_RB_MODRIVAXM = Make<QRadioButton>(this, "p_RB_MODRIVAXM", "MODRIVAX-m");
-    p_RB_MODRIVAXI = Make<QRadioButton>(this, "p_RB_MODRIVAXI", "MODRIVAX-i");
+    p_RB_PHx = MakeFormControl<QRadioButton>(this, "p_RB_PHx", "PH9/PH10");
+    p_RB_MODRIVAXM = MakeFormControl<QRadioButton>(this, "p_RB_MODRIVAXM", "MODRIVAX-m");
+    p_RB_MODRIVAXI = MakeFormControl<QRadioButton>(this, "p_RB_MODRIVAXI", "MODRIVAX-i");
     // No head of this type is offered yet; the button is there for the type number 2.
     p_RB_MODRIVAXI->setVisible(false);
 
-    pGBX_General = MakeGroup(this, "pGBX_General", "General");
-    pST_CosDatFname = Make<QLabel>(this, "pST_CosDatFname", "Compensation &data file:");
-    pSLE_CosDatFname = Make<EditField>(this, "pSLE_CosDatFname");
-    pST_CompensFname = Make<QLabel>(this, "pST_CompensFname", "Compensation &file:");
-    pSLE_CompensFname = Make<EditField>(this, "pSLE_CompensFname");
-    pPB_BrowserMP = Make<QPushButton>(this, "pPB_BrowserMP", "&Browse");
-    pST_DistApproach = Make<QLabel>(this, "pST_DistApproach", "App&roach distance:");
+    pGBX_General = MakeFormControl<QGroupBox>(this, "pGBX_General", "General");
+    pST_CosDatFname = MakeFormControl<QLabel>(this, "pST_CosDatFname", "Compensation data file:");
+    pSLE_CosDatFname = MakeFormControl<EditField>(this, "pSLE_CosDatFname");
+    pST_CompensFname = MakeFormControl<QLabel>(this, "pST_CompensFname", "Compensation file:");
+    pSLE_CompensFname = MakeFormControl<EditField>(this, "pSLE_CompensFname");
+    pPB_BrowserMP = MakeFormControl<QPushButton>(this, "pPB_BrowserMP", "&Browse");
+    pST_DistApproach = MakeFormControl<QLabel>(this, "pST_DistApproach", "Approach distance:");
     pSLE_DistApproach = MakeNumberEdit(this, "pSLE_DistApproach", 9);
-    pST_APPR_UNITY = Make<QLabel>(this, "pST_APPR_UNITY", "[mm]");
-    pCHB_Depth = Make<QCheckBox>(this, "pCHB_Depth", "Dept&h");
+    pST_APPR_UNITY = MakeFormControl<QLabel>(this, "pST_APPR_UNITY", "[mm]");
+    pCHB_Depth = MakeFormControl<QCheckBox>(this, "pCHB_Depth", "&Depth");
     pSLE_Depth = MakeNumberEdit(this, "pSLE_Depth", 9);
-    pST_DEPTH_UNITY = Make<QLabel>(this, "pST_DEPTH_UNITY", "[mm]");
+    pST_DEPTH_UNITY = MakeFormControl<QLabel>(this, "pST_DEPTH_UNITY", "[mm]");
     // A grey third state would stand for nothing the record can hold (it counts as not set),
     // so the box offers the two states that mean something.
-    pCHB_Optimal_Speed = Make<QCheckBox>(this, "pCHB_Optimal_Speed", "&Optimal Speed");
+    pCHB_Optimal_Speed = MakeFormControl<QCheckBox>(this, "pCHB_Optimal_Speed", "Optima&l Speed");
     pSLE_Optimal_Speed = MakeNumberEdit(this, "pSLE_Optimal_Speed", 9);
-    pST_OPT_SP_UNITY = Make<QLabel>(this, "pST_OPT_SP_UNITY", "[m/mm]");
-    pST_Term_X = Make<QLabel>(this, "pST_Term_X", "Scale X:");
+    pST_OPT_SP_UNITY = MakeFormControl<QLabel>(this, "pST_OPT_SP_UNITY", "[m/mm]");
+    pST_Term_X = MakeFormControl<QLabel>(this, "pST_Term_X", "Scale X:");
     pSLE_Term_X = MakeNumberEdit(this, "pSLE_Term_X", 12);
-    pST_Term_Y = Make<QLabel>(this, "pST_Term_Y", "Scale Y:");
+    pST_Term_Y = MakeFormControl<QLabel>(this, "pST_Term_Y", "Scale Y:");
     pSLE_Term_Y = MakeNumberEdit(this, "pSLE_Term_Y", 12);
-    pST_Term_Z = Make<QLabel>(this, "pST_Term_Z", "Scale Z:");
+    pST_Term_Z = MakeFormControl<QLabel>(this, "pST_Term_Z", "Scale Z:");
     pSLE_Term_Z = MakeNumberEdit(this, "pSLE_Term_Z", 12);
-    pST_Term_Part = Make<QLabel>(this, "pST_Term_Part", "Scale:");
+    pST_Term_Part = MakeFormControl<QLabel>(this, "pST_Term_Part", "Scale:");
     pSLE_Term_Part = MakeNumberEdit(this, "pSLE_Term_Part", 12);
-    pCHB_Tool_Ch = Make<QCheckBox>(this, "pCHB_Tool_Ch", "&Tool Changer");
-    pCHB_Active = Make<QCheckBox>(this, "pCHB_Active", "&Active");
+    pCHB_Tool_Ch = MakeFormControl<QCheckBox>(this, "pCHB_Tool_Ch", "&Tool Changer");
+    pCHB_Active = MakeFormControl<QCheckBox>(this, "pCHB_Active", "&Active");
 
     const std::pair<QLabel*, QWidget*> buddies[] = {
         {pST_Port, pCB_Port},
@@ -174,9 +165,8 @@ void TMacParPage::BuildControls() {
 
 void TMacParPage::NameEditsAfterTheirSwitches() {
     // The depth and the optimal speed have their check boxes for labels.
-    const auto plain = [](QString caption) { return caption.remove(QLatin1Char('&')); };
-    pSLE_Depth->setAccessibleName(plain(pCHB_Depth->text()));
-    pSLE_Optimal_Speed->setAccessibleName(plain(pCHB_Optimal_Speed->text()));
+    pSLE_Depth->setAccessibleName(SpokenCaption(pCHB_Depth->text()));
+    pSLE_Optimal_Speed->setAccessibleName(SpokenCaption(pCHB_Optimal_Speed->text()));
 }
 
 void TMacParPage::BuildLayout() {

@@ -2,7 +2,7 @@
 
 #include <QGridLayout>
 
-#include "platform/text_codec.h"
+#include "pages/form_controls.h"
 #include "platform/text_to_number.h"
 #include "settings/setup_settings.h"
 #include "widgets/edit_field.h"
@@ -20,15 +20,8 @@ constexpr int kIdCompOffset = 253;
 constexpr int kIdBridgeStroke = 255;
 constexpr int kIdMillimetres = 86;
 
-QLabel* MakeLabel(QWidget* parent, const char* name, const char* text) {
-    auto* label = new QLabel(QString::fromLatin1(text), parent);
-    label->setObjectName(QString::fromLatin1(name));
-    return label;
-}
-
 EditField* MakeEdit(QWidget* parent, const char* name) {
-    auto* edit = new EditField(parent);
-    edit->setObjectName(QString::fromLatin1(name));
+    EditField* edit = MakeFormEdit(parent, name);
     edit->setMaximumWidth(160);
     return edit;
 }
@@ -36,21 +29,21 @@ EditField* MakeEdit(QWidget* parent, const char* name) {
 }  // namespace
 
 TMecOffPage::TMecOffPage(PageHost& host) : KestelPage(host) {
-    pST_OffsetX = MakeLabel(this, "pST_OffsetX", "Offset X :");
-    pST_OffsetY = MakeLabel(this, "pST_OffsetY", "Offset Y :");
-    pST_OffsetZ = MakeLabel(this, "pST_OffsetZ", "Offset Z :");
-    pST_CompOffset = MakeLabel(this, "pST_CompOffset", "Compens. Offset :");
-    pST_BridgeStroke = MakeLabel(this, "pST_BridgeStroke", "Bridge Axis Stroke :");
+    pST_OffsetX = MakeFormLabel(this, "pST_OffsetX", "Offset X :");
+    pST_OffsetY = MakeFormLabel(this, "pST_OffsetY", "Offset Y :");
+    pST_OffsetZ = MakeFormLabel(this, "pST_OffsetZ", "Offset Z :");
+    pST_CompOffset = MakeFormLabel(this, "pST_CompOffset", "Compens. Offset :");
+    pST_BridgeStroke = MakeFormLabel(this, "pST_BridgeStroke", "Bridge Axis Stroke :");
     pSLE_OffsetX = MakeEdit(this, "pSLE_OffsetX");
     pSLE_OffsetY = MakeEdit(this, "pSLE_OffsetY");
     pSLE_OffsetZ = MakeEdit(this, "pSLE_OffsetZ");
     pSLE_CompOffset = MakeEdit(this, "pSLE_CompOffset");
     pSLE_BridgeStroke = MakeEdit(this, "pSLE_BridgeStroke");
-    pST_CompX_Unity = MakeLabel(this, "pST_CompX_Unity", "[mm]");
-    pST_CompY_Unity = MakeLabel(this, "pST_CompY_Unity", "[mm]");
-    pST_CompZ_Unity = MakeLabel(this, "pST_CompZ_Unity", "[mm]");
-    pST_CompOff_Unity = MakeLabel(this, "pST_CompOff_Unity", "[mm]");
-    pST_Bridge_Unity = MakeLabel(this, "pST_Bridge_Unity", "[mm]");
+    pST_CompX_Unity = MakeFormLabel(this, "pST_CompX_Unity", "[mm]");
+    pST_CompY_Unity = MakeFormLabel(this, "pST_CompY_Unity", "[mm]");
+    pST_CompZ_Unity = MakeFormLabel(this, "pST_CompZ_Unity", "[mm]");
+    pST_CompOff_Unity = MakeFormLabel(this, "pST_CompOff_Unity", "[mm]");
+    pST_Bridge_Unity = MakeFormLabel(this, "pST_Bridge_Unity", "[mm]");
 
     auto* grid = new QGridLayout(this);
     grid->setContentsMargins(24, 24, 24, 24);
@@ -110,7 +103,7 @@ void TMecOffPage::CommitField(EditField* field, double& value) {
         return;
     }
     host_.Converting([&] {
-        const double typed = StrToFloat(platform::Utf8ToAnsi(field->text().toStdString()));
+        const double typed = StrToFloat(AnsiText(field));
         ShowValue(field, typed);
         value = typed;
         host_.MarkModified();

@@ -11,10 +11,10 @@
 #include <QVBoxLayout>
 #include <iterator>
 
+#include "pages/form_controls.h"
 #include "platform/dos_paths.h"
 #include "platform/message_box.h"
 #include "platform/sound_file.h"
-#include "platform/text_codec.h"
 #include "platform/windows_directory.h"
 #include "settings/setup_settings.h"
 #include "widgets/edit_field.h"
@@ -43,36 +43,6 @@ constexpr const char* kMessageTitle = "WKestel32";
 
 // How the label of the current file target is marked.
 const QColor kTargetText(0, 0, 170);
-
-QLabel* MakeLabel(QWidget* parent, const char* name, const char* text) {
-    auto* label = new QLabel(QString::fromLatin1(text), parent);
-    label->setObjectName(QString::fromLatin1(name));
-    return label;
-}
-
-QCheckBox* MakeCheck(QWidget* parent, const char* name, const char* text) {
-    auto* check = new QCheckBox(QString::fromLatin1(text), parent);
-    check->setObjectName(QString::fromLatin1(name));
-    return check;
-}
-
-QGroupBox* MakeGroup(QWidget* parent, const char* name, const char* title) {
-    auto* group = new QGroupBox(QString::fromLatin1(title), parent);
-    group->setObjectName(QString::fromLatin1(name));
-    return group;
-}
-
-QString FromAnsi(const std::string& ansi) {
-    return QString::fromStdString(platform::AnsiToUtf8(ansi));
-}
-
-std::string ToAnsi(const QString& text) {
-    return platform::Utf8ToAnsi(text.toStdString());
-}
-
-QString Plain(QString caption) {
-    return caption.remove(QLatin1Char('&')).trimmed();
-}
 
 bool HasDrive(const std::string& path) {
     return path.size() >= 2 && path[1] == ':';
@@ -122,30 +92,30 @@ QString ProblemText(const std::string& sound, const platform::SoundFile& file) {
 }  // namespace
 
 TSoundsPage::TSoundsPage(PageHost& host) : KestelPage(host) {
-    pST_Directory = MakeLabel(this, "pST_Directory", "Directory");
+    pST_Directory = MakeFormLabel(this, "pST_Directory", "Directory");
     pSLE_Location = new QLineEdit(this);
     pSLE_Location->setObjectName(QStringLiteral("pSLE_Location"));
     // The location follows from the settings file; it is shown, not edited, here.
     pSLE_Location->setReadOnly(true);
 
-    pGBX_ContPowerOn = MakeGroup(this, "pGBX_ContPowerOn", "Power On");
-    pST_FnamePowerOn = MakeLabel(pGBX_ContPowerOn, "pST_FnamePowerOn", "File name :");
+    pGBX_ContPowerOn = MakeFormGroup(this, "pGBX_ContPowerOn", "Power On");
+    pST_FnamePowerOn = MakeFormLabel(pGBX_ContPowerOn, "pST_FnamePowerOn", "File name :");
     pSLE_FnamePowerOn = new EditField(pGBX_ContPowerOn);
     pSLE_FnamePowerOn->setObjectName(QStringLiteral("pSLE_FnamePowerOn"));
-    pCHB_PlayPowerOn = MakeCheck(pGBX_ContPowerOn, "pCHB_PlayPowerOn", "Play");
-    pCHB_ContPowerOn = MakeCheck(pGBX_ContPowerOn, "pCHB_ContPowerOn", "Continuous");
+    pCHB_PlayPowerOn = MakeFormCheck(pGBX_ContPowerOn, "pCHB_PlayPowerOn", "Play");
+    pCHB_ContPowerOn = MakeFormCheck(pGBX_ContPowerOn, "pCHB_ContPowerOn", "Continuous");
 
-    pGBX_ContZeroes = MakeGroup(this, "pGBX_ContZeroes", "Zeroes");
-    pST_FnameZeroes = MakeLabel(pGBX_ContZeroes, "pST_FnameZeroes", "File name :");
+    pGBX_ContZeroes = MakeFormGroup(this, "pGBX_ContZeroes", "Zeroes");
+    pST_FnameZeroes = MakeFormLabel(pGBX_ContZeroes, "pST_FnameZeroes", "File name :");
     pSLE_FnameZeroes = new EditField(pGBX_ContZeroes);
     pSLE_FnameZeroes->setObjectName(QStringLiteral("pSLE_FnameZeroes"));
-    pCHB_PlayZeroes = MakeCheck(pGBX_ContZeroes, "pCHB_PlayZeroes", "Play");
-    pCHB_ContZeroes = MakeCheck(pGBX_ContZeroes, "pCHB_ContZeroes", "Continuous");
+    pCHB_PlayZeroes = MakeFormCheck(pGBX_ContZeroes, "pCHB_PlayZeroes", "Play");
+    pCHB_ContZeroes = MakeFormCheck(pGBX_ContZeroes, "pCHB_ContZeroes", "Continuous");
 
-    pGBX_PlayGeneral = MakeGroup(this, "pGBX_PlayGeneral", "General");
-    pCHB_PlayGeneral = MakeCheck(pGBX_PlayGeneral, "pCHB_PlayGeneral", "Play");
-    pST_EventsList = MakeLabel(pGBX_PlayGeneral, "pST_EventsList", "Events list");
-    pST_FilesList = MakeLabel(pGBX_PlayGeneral, "pST_FilesList", "Files list");
+    pGBX_PlayGeneral = MakeFormGroup(this, "pGBX_PlayGeneral", "General");
+    pCHB_PlayGeneral = MakeFormCheck(pGBX_PlayGeneral, "pCHB_PlayGeneral", "Play");
+    pST_EventsList = MakeFormLabel(pGBX_PlayGeneral, "pST_EventsList", "Events list");
+    pST_FilesList = MakeFormLabel(pGBX_PlayGeneral, "pST_FilesList", "Files list");
     pLB_EventsList = new QListWidget(pGBX_PlayGeneral);
     pLB_EventsList->setObjectName(QStringLiteral("pLB_EventsList"));
     pLB_EventsList->setSelectionMode(QAbstractItemView::SingleSelection);
@@ -278,13 +248,15 @@ void TSoundsPage::Initialise() {
     pST_FilesList->setText(host_.LanguageText(kIdFilesList));
     // Controls named after their labels; the two file-name edits and their switches also
     // after their group, since the labels alone are alike.
-    pSLE_Location->setAccessibleName(Plain(pST_Directory->text()));
-    pSLE_FnamePowerOn->setAccessibleName(Plain(pGBX_ContPowerOn->title()) + QStringLiteral(": ") +
-                                         Plain(pST_FnamePowerOn->text()));
-    pSLE_FnameZeroes->setAccessibleName(Plain(pGBX_ContZeroes->title()) + QStringLiteral(": ") +
-                                        Plain(pST_FnameZeroes->text()));
-    pLB_EventsList->setAccessibleName(Plain(pST_EventsList->text()));
-    pFLB_FilesList->setAccessibleName(Plain(pST_FilesList->text()));
+    pSLE_Location->setAccessibleName(SpokenCaption(pST_Directory->text()));
+    pSLE_FnamePowerOn->setAccessibleName(SpokenCaption(pGBX_ContPowerOn->title()) +
+                                         QStringLiteral(": ") +
+                                         SpokenCaption(pST_FnamePowerOn->text()));
+    pSLE_FnameZeroes->setAccessibleName(SpokenCaption(pGBX_ContZeroes->title()) +
+                                        QStringLiteral(": ") +
+                                        SpokenCaption(pST_FnameZeroes->text()));
+    pLB_EventsList->setAccessibleName(SpokenCaption(pST_EventsList->text()));
+    pFLB_FilesList->setAccessibleName(SpokenCaption(pST_FilesList->text()));
 
     // The labels of the two lists belong with the window colours: with no window listed there,
     // they are dimmed here too.
@@ -375,7 +347,7 @@ std::string TSoundsPage::SelectedListedFile() const {
     if (!item || !item->isSelected()) return {};
     std::string path = fileListDosFolder_;
     if (!path.empty() && path.back() != '\\') path += '\\';
-    return path + ToAnsi(item->text());
+    return path + AnsiOf(item->text());
 }
 
 std::string TSoundsPage::SoundToTest() const {
@@ -411,7 +383,7 @@ void TSoundsPage::CommitStartName(EditField* edit, int soundId) {
     // default location gives a doubled backslash. The measuring application reads the value in
     // this form; the edit keeps showing what was typed, and a refresh shows the value's last
     // part. The name is not looked for on the disk.
-    host_.Settings().SetSound(soundId, ToAnsi(edit->text()) + "\\" + ToAnsi(pSLE_Location->text()));
+    host_.Settings().SetSound(soundId, AnsiOf(edit->text()) + "\\" + AnsiOf(pSLE_Location->text()));
     // Committed: leaving the field again without typing stores nothing more.
     edit->setModified(false);
     host_.MarkModified();
@@ -517,7 +489,7 @@ void TSoundsPage::pPB_TestClick() {
     const std::string sound = SoundToTest();
     const platform::SoundFile file = platform::LocateSoundFile(sound, host_.Settings().Location);
     if (file.problem != platform::SoundFileProblem::None) {
-        MessageBoxA(static_cast<QWidget*>(this), ToAnsi(ProblemText(sound, file)).c_str(),
+        MessageBoxA(static_cast<QWidget*>(this), AnsiOf(ProblemText(sound, file)).c_str(),
                     kMessageTitle, MB_OK | MB_ICONSTOP);
         return;
     }
@@ -526,7 +498,7 @@ void TSoundsPage::pPB_TestClick() {
         LoadedWavePlayer loaded = LoadWavePlayer();
         if (!loaded.player) {
             const QString text = QStringLiteral("Sounds cannot be played: %1").arg(loaded.error);
-            MessageBoxA(static_cast<QWidget*>(this), ToAnsi(text).c_str(), kMessageTitle,
+            MessageBoxA(static_cast<QWidget*>(this), AnsiOf(text).c_str(), kMessageTitle,
                         MB_OK | MB_ICONSTOP);
             return;
         }

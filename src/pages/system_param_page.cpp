@@ -149,10 +149,18 @@ TSysParPage::TSysParPage(PageHost& host) : KestelPage(host) {
     for (const auto& r : rows) {
         r.label->setBuddy(r.control);
         values->addWidget(r.label, row, 0, Qt::AlignLeft);
-        values->addWidget(r.control, row, 1);
+        if (r.control == pSLE_CalibDiam) {
+            // The unit right after the diameter it is the unit of.
+            auto* diameter = new QHBoxLayout;
+            diameter->addWidget(pSLE_CalibDiam);
+            diameter->addWidget(pST_Calib_UNITY);
+            diameter->addStretch(1);
+            values->addLayout(diameter, row, 1);
+        } else {
+            values->addWidget(r.control, row, 1);
+        }
         ++row;
     }
-    values->addWidget(pST_Calib_UNITY, 1, 2, Qt::AlignLeft);
     values->setColumnStretch(1, 1);
     pSLE_CalibDiam->setMaximumWidth(120);
     pSLE_ThreSholdAng->setMaximumWidth(120);

@@ -10,6 +10,7 @@
 #include <QVBoxLayout>
 #include <initializer_list>
 
+#include "pages/form_controls.h"
 #include "platform/text_codec.h"
 #include "settings/setup_settings.h"
 #include "widgets/radio_tab_stop.h"
@@ -28,13 +29,6 @@ constexpr std::int32_t kMethodQen = 1;
 constexpr std::int32_t kMethodKv = 2;
 constexpr std::int32_t kMethodController = 4;
 constexpr std::int32_t kMethodMeldax = 5;
-
-template <typename Widget>
-Widget* Make(QWidget* parent, const char* name, const char* text) {
-    auto* widget = new Widget(QString::fromLatin1(text), parent);
-    widget->setObjectName(QString::fromLatin1(name));
-    return widget;
-}
 
 // Checks the button of `value` among `buttons` (by their values), or none when no button
 // stands for it.
@@ -58,31 +52,34 @@ void CheckButtonOf(std::int32_t value,
 TVolcompPage::TVolcompPage(PageHost& host) : KestelPage(host) {
     // The form gives no captions for the method buttons and the file field; they say what
     // the methods are called in the settings files.
-    pGBX_VolCompMethod = Make<QGroupBox>(this, "pGBX_VolCompMethod", "Compensation method");
-    pRB_None = Make<QRadioButton>(this, "pRB_None", "&None");
-    pRB_Qen = Make<QRadioButton>(this, "pRB_Qen", "&QEN");
-    pRB_KVL = Make<QRadioButton>(this, "pRB_KVL", "&KV");
-    pRB_Controller = Make<QRadioButton>(this, "pRB_Controller", "&Controller");
-    pRB_UseMELDAXSet = Make<QRadioButton>(this, "pRB_UseMELDAXSet", "Use &MELDAX settings");
-    pCHB_ActiveQEN = Make<QCheckBox>(this, "pCHB_ActiveQEN", "&Active");
-    pST_CosDatFnameKVL = Make<QLabel>(this, "pST_CosDatFnameKVL", "Compensation &file:");
+    pGBX_VolCompMethod =
+        MakeFormControl<QGroupBox>(this, "pGBX_VolCompMethod", "Compensation method");
+    pRB_None = MakeFormControl<QRadioButton>(this, "pRB_None", "&None");
+    pRB_Qen = MakeFormControl<QRadioButton>(this, "pRB_Qen", "&QEN");
+    pRB_KVL = MakeFormControl<QRadioButton>(this, "pRB_KVL", "&KV");
+    pRB_Controller = MakeFormControl<QRadioButton>(this, "pRB_Controller", "&Controller");
+    pRB_UseMELDAXSet =
+        MakeFormControl<QRadioButton>(this, "pRB_UseMELDAXSet", "Use &MELDAX settings");
+    pCHB_ActiveQEN = MakeFormControl<QCheckBox>(this, "pCHB_ActiveQEN", "&Active");
+    pST_CosDatFnameKVL = MakeFormControl<QLabel>(this, "pST_CosDatFnameKVL", "Com&pensation file:");
     pSLE_CosDatFnameKVL = new QLineEdit(this);
     pSLE_CosDatFnameKVL->setObjectName(QStringLiteral("pSLE_CosDatFnameKVL"));
     // The name is edited on the machine parameters page; here it is only shown.
     pSLE_CosDatFnameKVL->setReadOnly(true);
     pST_CosDatFnameKVL->setBuddy(pSLE_CosDatFnameKVL);
-    pCB_ThComp = Make<QCheckBox>(this, "pCB_ThComp", "Thermal compensation");
+    pCB_ThComp = MakeFormControl<QCheckBox>(this, "pCB_ThComp", "Thermal compensation");
 
-    pGBX_VolCompModeQen = Make<QGroupBox>(this, "pGBX_VolCompModeQen", "Mode");
-    pRB_BridgeQen = Make<QRadioButton>(this, "pRB_BridgeQen", "&Bridge");
-    pRB_HorizQen = Make<QRadioButton>(this, "pRB_HorizQen", "&Horizontal");
-    pRB_DualReaderQen = Make<QRadioButton>(this, "pRB_DualReaderQen", "Dual &Reader");
+    pGBX_VolCompModeQen = MakeFormControl<QGroupBox>(this, "pGBX_VolCompModeQen", "Mode");
+    pRB_BridgeQen = MakeFormControl<QRadioButton>(this, "pRB_BridgeQen", "&Bridge");
+    // H is Help's, and E the Element Parameters': "Horizon&tal" and "Enab&led" below.
+    pRB_HorizQen = MakeFormControl<QRadioButton>(this, "pRB_HorizQen", "Horizon&tal");
+    pRB_DualReaderQen = MakeFormControl<QRadioButton>(this, "pRB_DualReaderQen", "Dual &Reader");
 
     pGBX_ContrCompOnExit =
-        Make<QGroupBox>(this, "pGBX_ContrCompOnExit", "Controller volcomp mode on exit");
-    pRB_VolDis = Make<QRadioButton>(this, "pRB_VolDis", "D&isabled");
-    pRB_VolEn = Make<QRadioButton>(this, "pRB_VolEn", "&Enabled");
-    pRB_Restore = Make<QRadioButton>(this, "pRB_Restore", "Re&store");
+        MakeFormControl<QGroupBox>(this, "pGBX_ContrCompOnExit", "Controller volcomp mode on exit");
+    pRB_VolDis = MakeFormControl<QRadioButton>(this, "pRB_VolDis", "D&isabled");
+    pRB_VolEn = MakeFormControl<QRadioButton>(this, "pRB_VolEn", "Enab&led");
+    pRB_Restore = MakeFormControl<QRadioButton>(this, "pRB_Restore", "Re&store");
 
     // Not offered: no method without compensation, and the MELDAX settings are not chosen
     // here.

@@ -9,7 +9,7 @@
 #include <QVBoxLayout>
 #include <iterator>
 
-#include "platform/text_codec.h"
+#include "pages/form_controls.h"
 #include "platform/text_to_number.h"
 #include "settings/setup_settings.h"
 #include "widgets/dialog_answers.h"
@@ -30,12 +30,6 @@ constexpr std::array<int, ColourSettings::kColourKeyCount> kIdWindowCaptions{
 // The colour of the active component's label.
 const QColor kHighlightText(0, 0, 170);
 
-QLabel* MakeLabel(QWidget* parent, const char* name, const char* text) {
-    auto* label = new QLabel(QString::fromLatin1(text), parent);
-    label->setObjectName(QString::fromLatin1(name));
-    return label;
-}
-
 QScrollBar* MakeBar(QWidget* parent, const char* name) {
     auto* bar = new QScrollBar(Qt::Horizontal, parent);
     bar->setObjectName(QString::fromLatin1(name));
@@ -48,19 +42,9 @@ QScrollBar* MakeBar(QWidget* parent, const char* name) {
 }
 
 EditField* MakeEdit(QWidget* parent, const char* name) {
-    auto* edit = new EditField(parent);
-    edit->setObjectName(QString::fromLatin1(name));
+    EditField* edit = MakeFormEdit(parent, name);
     edit->setFixedWidth(edit->fontMetrics().horizontalAdvance(QStringLiteral("0000000")) + 12);
     return edit;
-}
-
-QPushButton* MakeButton(QWidget* parent, const char* name, const char* text) {
-    auto* button = new QPushButton(QString::fromLatin1(text), parent);
-    button->setObjectName(QString::fromLatin1(name));
-    // Enter on the focused button clicks it, as it did in the measuring application's forms:
-    // a component edit that is left hands the focus to Set, so Tab then Enter applies.
-    button->setAutoDefault(true);
-    return button;
 }
 
 QString ThreeDigits(int value) {
@@ -70,16 +54,16 @@ QString ThreeDigits(int value) {
 }  // namespace
 
 TWinColorPage::TWinColorPage(PageHost& host) : KestelPage(host) {
-    pST_WinList = MakeLabel(this, "pST_WinList", "Windows background list");
+    pST_WinList = MakeFormLabel(this, "pST_WinList", "Windows background list");
     pLB_WinList = new QListWidget(this);
     pLB_WinList->setObjectName(QStringLiteral("pLB_WinList"));
     pLB_WinList->setSelectionMode(QAbstractItemView::SingleSelection);
     pLB_WinList->setMinimumWidth(260);
     pST_WinList->setBuddy(pLB_WinList);
 
-    pST_RedColor = MakeLabel(this, "pST_RedColor", "Red");
-    pST_GreenColor = MakeLabel(this, "pST_GreenColor", "Green");
-    pST_BlueColor = MakeLabel(this, "pST_BlueColor", "Blue");
+    pST_RedColor = MakeFormLabel(this, "pST_RedColor", "Red");
+    pST_GreenColor = MakeFormLabel(this, "pST_GreenColor", "Green");
+    pST_BlueColor = MakeFormLabel(this, "pST_BlueColor", "Blue");
     pHSB_Red = MakeBar(this, "pHSB_Red");
     pHSB_Green = MakeBar(this, "pHSB_Green");
     pHSB_Blue = MakeBar(this, "pHSB_Blue");
@@ -95,8 +79,10 @@ TWinColorPage::TWinColorPage(PageHost& host) : KestelPage(host) {
     pSLE_ShowColor->setMinimumHeight(72);
     pSLE_ShowColor->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
 
-    pPB_ColorsPal = MakeButton(this, "pPB_ColorsPal", "Colors palette >>");
-    pPB_SetCol = MakeButton(this, "pPB_SetCol", "Set");
+    // Enter on a focused button clicks it: a component edit that is left hands the focus to
+    // Set, so Tab then Enter applies.
+    pPB_ColorsPal = MakeFormButton(this, "pPB_ColorsPal", "Colors palette >>");
+    pPB_SetCol = MakeFormButton(this, "pPB_SetCol", "Set");
     pPB_SetCol->setEnabled(false);
 
     components_ = {{
@@ -104,6 +90,12 @@ TWinColorPage::TWinColorPage(PageHost& host) : KestelPage(host) {
         {kGreenComponent, pST_GreenColor, pHSB_Green, pSLE_GreenColor},
         {kBlueComponent, pST_BlueColor, pHSB_Blue, pSLE_BlueColor},
     }};
+
+    // Named for a screen reader: a list reads no label by itself, and a component's bar and
+    // edit both go by the component's caption.
+    NameAfterLabel(pST_WinList);
+    for (const Component& c : components_) c.bar->setAccessibleName(c.label->text());
+    pSLE_ShowColor->setAccessibleName(QStringLiteral("Color"));
 
     // The list on the left; the components, the swatch and the buttons on the right.
     auto* page = new QHBoxLayout(this);
@@ -142,11 +134,8 @@ TWinColorPage::TWinColorPage(PageHost& host) : KestelPage(host) {
     page->addLayout(colourColumn, 1);
 
     // Tab goes down the list, then each component's bar and edit, then the buttons.
-    QWidget* tabOrder[] = {pLB_WinList, pHSB_Red,       pSLE_RedColor, pHSB_Green, pSLE_GreenColor,
-                           pHSB_Blue,   pSLE_BlueColor, pPB_ColorsPal, pPB_SetCol};
-    for (std::size_t i = 1; i < std::size(tabOrder); ++i) {
-        setTabOrder(tabOrder[i - 1], tabOrder[i]);
-    }
+    ChainTabOrder({pLB_WinList, pHSB_Red, pSLE_RedColor, pHSB_Green, pSLE_GreenColor, pHSB_Blue,
+                   pSLE_BlueColor, pPB_ColorsPal, pPB_SetCol});
 
     // The user's keys and clicks on the list; clicking the selected row again counts too.
     connect(pLB_WinList, &QListWidget::currentRowChanged, this, [this] {
@@ -341,7 +330,7 @@ void TWinColorPage::ComponentExit(int id) {
     if (!edit->isModified()) return;
     host_.Converting([&] {
         // No range message: the low 8 bits are taken, so 300 gives 44 and -1 gives 255.
-        const std::int32_t typed = StrToInt(platform::Utf8ToAnsi(edit->text().toStdString()));
+        const std::int32_t typed = StrToInt(AnsiText(edit));
         currentColour_ = WithComponent(currentColour_, id, typed & 0xFF);
         ShowColour();
         pPB_SetCol->setEnabled(true);

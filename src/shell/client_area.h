@@ -1,7 +1,11 @@
 #pragma once
-// The client area of the main window, laid out as the form shows it: the page control, pOK and
-// pCancel beside it, and the status line pBottBar (large, bold, centred) below. The page control
-// and the two buttons are hidden until start-up has filled the pages.
+// The client area of the main window: the page control with pOK and pCancel beside it, and the
+// status line pBottBar below them in the window's status bar. The page control and the two
+// buttons are hidden until start-up has filled the pages.
+//
+// The window's minimum size is what the pages need: the page control is as large as the
+// largest minimum size of its pages' layouts, and the window keeps room for it (see
+// ContentsScrollArea).
 
 class QLabel;
 class QMainWindow;
@@ -18,7 +22,8 @@ struct ClientArea {
     QLabel* pBottBar;
 };
 
-// Builds the client area as the central widget of `window`; the window owns the controls.
+// Builds the client area as the central widget and the status bar of `window`; the window owns
+// the controls.
 ClientArea BuildClientArea(QMainWindow& window);
 
 }  // namespace wk

@@ -2,6 +2,8 @@
 
 #include <QAction>
 #include <QCloseEvent>
+#include <QCoreApplication>
+#include <QDir>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QMenuBar>
@@ -14,6 +16,7 @@
 #include "i18n/resgenstring.h"
 #include "platform/ascii_case.h"
 #include "platform/dos_paths.h"
+#include "platform/file_lookup.h"
 #include "platform/message_box.h"
 #include "platform/windows_directory.h"
 #include "settings/directory_schema.h"
@@ -46,6 +49,26 @@ constexpr int kNoPageHelpContext = 15;
 
 // The title the default exception handler gives its message box.
 constexpr const char* kApplicationTitle = "WKestel32";
+
+// What Help, Index says when no help file was found at start-up: where the help files of the
+// language (and the English one every language falls back to) are looked for.
+QString NoHelpFileText(const std::string& languageCode) {
+    const QString folder =
+        QDir::toNativeSeparators(QDir(QString::fromStdString(platform::CurrentDirectory()))
+                                     .filePath(QStringLiteral("Help")));
+    const QString own = QStringLiteral("Marvane%1.hlp").arg(QString::fromStdString(languageCode));
+    const QString english = QStringLiteral("MarvaneEng.hlp");
+    const QString files = own.compare(english, Qt::CaseInsensitive) == 0
+                              ? own
+                              : QStringLiteral("%1 nor %2").arg(own, english);
+    return QStringLiteral("No help is installed: %1 holds no %2.").arg(folder, files);
+}
+
+// What it says when the help file is there but nothing could show it.
+QString NoHelpViewerText(const std::string& helpFile) {
+    return QStringLiteral("The help %1 cannot be shown: no help viewer could be started.")
+        .arg(QDir::toNativeSeparators(QString::fromStdString(helpFile)));
+}
 
 }  // namespace
 
@@ -130,13 +153,19 @@ void TKestelMainWind::BuildFrame() {
         pages_[row] = page.get();
         pageControl_->AddSheet(page.release(), QString::fromLatin1(rows_[row].designCaption));
     }
+    // Tab goes from the tabs into the page shown, through its controls, then to OK and Cancel:
+    // the buttons were made before the pages, and would otherwise come first.
+    QWidget* last = previousInFocusChain();
+    if (last != pCancel_) {
+        setTabOrder(last, pOK_);
+        setTabOrder(pOK_, pCancel_);
+    }
     pageControl_->SetChangingHook([this] { return KestelPageControlChanging(); });
     connect(pageControl_, &PageControl::Change, this, &TKestelMainWind::KestelPageControlChange);
     connect(pageControl_, &PageControl::SheetEnter, this, &TKestelMainWind::SheetEnter);
     // Enter and Escape reach them through keyPressEvent.
     connect(pOK_, &QPushButton::clicked, this, &TKestelMainWind::pOKClick);
     connect(pCancel_, &QPushButton::clicked, this, &TKestelMainWind::pCancelClick);
-    resize(760, 540);
 }
 
 QString TKestelMainWind::LanguageText(int id) const {
@@ -212,6 +241,7 @@ bool TKestelMainWind::FirstActivation() {
     }
 
     SetupHelpFile(language);
+    helpLanguage_ = language;
     flags_ = ControllerFlagsFromType(ReadControllerType());
     setWindowTitle(LanguageText(kIdCaption));
     menu_.Caption(flags_);
@@ -241,8 +271,20 @@ bool TKestelMainWind::FirstActivation() {
     pageControl_->setVisible(true);
     pOK_->setVisible(true);
     pCancel_->setVisible(true);
+    SettleLayouts();
     ready_ = true;
     return true;
+}
+
+void TKestelMainWind::SettleLayouts() {
+    // The pages have just been shown with the language's captions. Each layout that changes
+    // tells the one around it by a posted event, so the news takes one pass per level (page,
+    // page control, client area, window) to reach the window; it does so now, before anything
+    // is drawn or clicked, and the window has the size the pages need from the start.
+    constexpr int kLevels = 8;
+    for (int pass = 0; pass < kLevels; ++pass) {
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+    }
 }
 
 QWidget* TKestelMainWind::StartPage() const {
@@ -433,7 +475,13 @@ int TKestelMainWind::HelpContextOfPage() const {
 }
 
 void TKestelMainWind::KestelHelp_IndexClick() {
-    ShowHelpContext(HelpContextOfPage());
+    if (ShowHelpContext(HelpContextOfPage())) {
+        return;
+    }
+    // Nothing would happen otherwise: say why, where the user looks after choosing a menu entry.
+    const LanguageState& language = Language();
+    pBottBar_->setText(language.HelpAvailable ? NoHelpViewerText(language.HelpFilePath)
+                                              : NoHelpFileText(helpLanguage_));
 }
 
 void TKestelMainWind::KestelHelp_AboutClick() {

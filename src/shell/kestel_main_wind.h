@@ -99,6 +99,7 @@ private:
     void KestelPageControlChange();
     void SheetEnter(QWidget* sheet);
     QWidget* StartPage() const;
+    void SettleLayouts();
     // The row of the table whose page is `sheet`, or of the active page; -1 for none.
     int RowOf(const QWidget* sheet) const;
     int ActiveRow() const;
@@ -117,6 +118,7 @@ private:
     bool startupFailed_ = false;
     bool destroying_ = false;
     bool languageLoaded_ = false;
+    std::string helpLanguage_;  // the language code the help file was looked for with
 
     MainMenu menu_;
     PageControl* pageControl_ = nullptr;

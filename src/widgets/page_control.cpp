@@ -14,6 +14,11 @@ PageControl::PageControl(QWidget* parent)
     tabBar_->setDrawBase(true);
     tabBar_->setExpanding(false);
     tabBar_->setUsesScrollButtons(true);
+    // The arrows that scroll a tab row too long for the window are for the mouse: the keyboard
+    // moves along the tabs with the arrow keys, and Tab goes from the tabs into the page.
+    for (QWidget* arrow : tabBar_->findChildren<QWidget*>()) {
+        arrow->setFocusPolicy(Qt::NoFocus);
+    }
     stack_->setFrameShape(QFrame::StyledPanel);
 
     auto* layout = new QVBoxLayout(this);
@@ -32,10 +37,30 @@ PageControl::~PageControl() {
     disconnect(focusConnection_);
 }
 
+namespace {
+
+// What a tab shows of a caption: the caption without the "&" of its mnemonic ("&&", a literal
+// "&", stays as the tab row needs it).
+QString TabText(const QString& caption) {
+    QString text;
+    text.reserve(caption.size());
+    for (qsizetype i = 0; i < caption.size(); ++i) {
+        if (caption[i] == QLatin1Char('&') && i + 1 < caption.size()) {
+            if (caption[i + 1] != QLatin1Char('&')) continue;
+            text += caption[i++];
+        }
+        text += caption[i];
+    }
+    return text;
+}
+
+}  // namespace
+
 int PageControl::AddSheet(QWidget* sheet, const QString& caption) {
     const int index = stack_->addWidget(sheet);
     revertingTab_ = true;  // the first tab becomes current: not a user's switch
-    tabBar_->insertTab(index, caption);
+    tabBar_->insertTab(index, TabText(caption));
+    tabBar_->setTabData(index, caption);
     revertingTab_ = false;
     return index;
 }
@@ -43,13 +68,14 @@ int PageControl::AddSheet(QWidget* sheet, const QString& caption) {
 void PageControl::SetSheetCaption(QWidget* sheet, const QString& caption) {
     const int index = IndexOf(sheet);
     if (index >= 0) {
-        tabBar_->setTabText(index, caption);
+        tabBar_->setTabText(index, TabText(caption));
+        tabBar_->setTabData(index, caption);
     }
 }
 
 QString PageControl::SheetCaption(QWidget* sheet) const {
     const int index = IndexOf(sheet);
-    return index >= 0 ? tabBar_->tabText(index) : QString();
+    return index >= 0 ? tabBar_->tabData(index).toString() : QString();
 }
 
 int PageControl::SheetCount() const {

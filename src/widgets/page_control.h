@@ -31,8 +31,15 @@ public:
     ~PageControl() override;
 
     // Appends a sheet with its tab caption; returns its index.
+    //
+    // A tab shows its caption without the caption's mnemonic: the captions are those of the
+    // pages' menu entries, whose letters the entries keep, but a tab's letter would answer on
+    // every page and take it from the page's own controls, which need nearly every letter
+    // there is. The keyboard reaches the tabs through the menus, Ctrl+Tab, Ctrl+PageDown and
+    // Ctrl+PageUp, and the arrow keys on the tab row.
     int AddSheet(QWidget* sheet, const QString& caption);
     void SetSheetCaption(QWidget* sheet, const QString& caption);
+    // The caption the sheet was given, mnemonic and all.
     QString SheetCaption(QWidget* sheet) const;
 
     int SheetCount() const;

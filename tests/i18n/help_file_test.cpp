@@ -45,6 +45,16 @@ TEST_F(HelpFile, WithoutHelpFilesHelpIsNotAvailable) {
     EXPECT_FALSE(ShowHelpContext(1));
 }
 
+TEST_F(HelpFile, ASecondLookupWithoutHelpFilesForgetsTheFileTheFirstFound) {
+    cwd_.WriteFile("Help/MarvaneEng.hlp", "eng");
+    ASSERT_TRUE(SetupHelpFile("ENG"));
+    std::filesystem::remove(HelpPath("MarvaneEng.hlp"));
+    EXPECT_FALSE(SetupHelpFile("ENG"));
+    EXPECT_FALSE(Language().HelpAvailable);
+    EXPECT_TRUE(Language().HelpFilePath.empty());
+    EXPECT_FALSE(ShowHelpContext(1));
+}
+
 TEST_F(HelpFile, HelpFilesOutsideTheHelpFolderAreNotUsed) {
     cwd_.WriteFile("MarvaneEng.hlp", "eng");
     EXPECT_FALSE(SetupHelpFile("ENG"));

@@ -37,8 +37,16 @@ protected:
         return !picture.isNull() &&
                button->icon().pixmap(picture.size()).toImage() == picture.toImage();
     }
-    bool QenOn() const { return Shows(Qen(), "QenAxesOn") && Shows(Standard(), "VKAxesOff"); }
-    bool StandardOn() const { return Shows(Qen(), "QenAxesOff") && Shows(Standard(), "VKAxesOn"); }
+    // The chosen convention's button shows its "on" picture and is down, the other its "off"
+    // picture, up.
+    bool QenOn() const {
+        return Shows(Qen(), "QenAxesOn") && Shows(Standard(), "VKAxesOff") && Qen()->isChecked() &&
+               !Standard()->isChecked();
+    }
+    bool StandardOn() const {
+        return Shows(Qen(), "QenAxesOff") && Shows(Standard(), "VKAxesOn") && !Qen()->isChecked() &&
+               Standard()->isChecked();
+    }
     // Shows the page as the user does, with a click on its tab.
     void SwitchToPage() const {
         window_->PageCtl()->TabBar()->setCurrentIndex(window_->PageCtl()->IndexOf(page_));

@@ -19,9 +19,9 @@
 #include <filesystem>
 #include <string>
 
+#include "page_checks.h"
 #include "page_test_fixture.h"
 #include "shell/kestel_main_wind.h"
-#include "user_input.h"
 #include "widgets/page_control.h"
 
 namespace wk {
@@ -111,8 +111,8 @@ TEST_F(MacParPage, TheFormsCaptionsStandWhereNoLanguageStringIsNamed) {
     EXPECT_EQ(Group("pGBX_PH9")->title(), QStringLiteral("Indexed Wrist"));
     EXPECT_EQ(Box("pCHB_JX01_Simul")->text(), QStringLiteral("JX01"));
     EXPECT_EQ(Box("p_RB_MODRIVAXM")->text(), QStringLiteral("MODRIVAX-m"));
-    EXPECT_EQ(Box("pCHB_Depth")->text(), QStringLiteral("Dept&h"));
-    EXPECT_EQ(Box("pCHB_Optimal_Speed")->text(), QStringLiteral("&Optimal Speed"));
+    EXPECT_EQ(Box("pCHB_Depth")->text(), QStringLiteral("&Depth"));
+    EXPECT_EQ(Box("pCHB_Optimal_Speed")->text(), QStringLiteral("Optima&l Speed"));
     EXPECT_EQ(Box("pCHB_Tool_Ch")->text(), QStringLiteral("&Tool Changer"));
     EXPECT_EQ(Box("pCHB_Active")->text(), QStringLiteral("&Active"));
     EXPECT_EQ(Label("pST_Term_X")->text(), QStringLiteral("Scale X:"));
@@ -570,9 +570,7 @@ TEST_F(MacParPage, FileNamesAreUpperCasedWhenTheFieldIsLeft) {
     StartMachine();
     TypeAndLeave("pSLE_CosDatFname", QStringLiteral("cosdat2.bin"));
     EXPECT_EQ(Shown("pSLE_CosDatFname"), QStringLiteral("COSDAT2.BIN"));
-    Edit("pSLE_CompensFname")->setFocus(Qt::MouseFocusReason);
-    Edit("pSLE_CompensFname")->selectAll();
-    test::TypeText(Edit("pSLE_CompensFname"), QStringLiteral("c:\\wzelko\\comp\u00e9.dat"));
+    test::TypeInto(Edit("pSLE_CompensFname"), QStringLiteral("c:\\wzelko\\comp\u00e9.dat"));
     PressTab(Edit("pSLE_CompensFname"));
     EXPECT_EQ(Shown("pSLE_CompensFname"), QStringLiteral("C:\\WZELKO\\COMP\u00e9.DAT"));
     Save();
@@ -821,35 +819,6 @@ TEST_F(MacParPage, EnterInTheResolutionTakesTheTypedValueWithoutWritingTheFiles)
     EXPECT_DOUBLE_EQ(Record().Resolution, 0.003);
     EXPECT_EQ(box->currentText(), QStringLiteral("0.003"));
     EXPECT_EQ(Bytes(), Original());
-}
-
-TEST_F(MacParPage, EveryControlOfThePageHasAnAccessibleNameOrCaption) {
-    StartMachine(Replaced(kMachine, "USESOCKET=0", "USESOCKET=1"));
-    for (QWidget* control : Page("MacParTabSheet")->findChildren<QWidget*>()) {
-        if (!control->isVisibleTo(Page("MacParTabSheet"))) continue;
-        if (qobject_cast<QLineEdit*>(control) || qobject_cast<QComboBox*>(control)) {
-            if (control->parentWidget() && qobject_cast<QComboBox*>(control->parentWidget())) {
-                continue;  // a combo box's own line edit
-            }
-            bool labelled = !control->accessibleName().isEmpty();
-            for (QLabel* label : Page("MacParTabSheet")->findChildren<QLabel*>()) {
-                if (label->buddy() == control) labelled = true;
-            }
-            EXPECT_TRUE(labelled) << control->objectName().toStdString();
-        } else if (auto* button = qobject_cast<QAbstractButton*>(control)) {
-            EXPECT_FALSE(button->text().isEmpty()) << control->objectName().toStdString();
-        }
-    }
-}
-
-TEST_F(MacParPage, NoTwoControlsOfThePageShareAMnemonic) {
-    StartMachine(Replaced(kMachine, "USESOCKET=0", "USESOCKET=1"));
-    std::vector<QChar> letters = test::Mnemonics(Page("MacParTabSheet"));
-    ASSERT_GT(letters.size(), 10u);
-    std::sort(letters.begin(), letters.end());
-    EXPECT_EQ(std::adjacent_find(letters.begin(), letters.end()), letters.end())
-        << "clash on '"
-        << QString(*std::adjacent_find(letters.begin(), letters.end())).toStdString() << "'";
 }
 
 // The names of the controls Tab visits, from the CNC button round to where it leaves the page.

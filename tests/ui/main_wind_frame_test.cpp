@@ -6,8 +6,13 @@
 #include <QAction>
 #include <QApplication>
 #include <QFileDialog>
+#include <QLabel>
 #include <QLineEdit>
+#include <QMenuBar>
 #include <QPushButton>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QStatusBar>
 #include <QTabBar>
 #include <QTest>
 #include <QTimer>
@@ -16,6 +21,7 @@
 
 #include "i18n/resgenstring.h"
 #include "page_test_fixture.h"
+#include "page_usability.h"
 #include "settings/setup_settings.h"
 #include "shell/kestel_main_wind.h"
 #include "support/file_bytes.h"
@@ -319,6 +325,89 @@ TEST_F(FrameHelp, HelpContextIsThatOfTheActivePage) {
     const std::string colours = viewer_.Args();
     EXPECT_TRUE(StartsWith(colours, "winhlp32\n-n\n28\n")) << colours;
     EXPECT_EQ(script_.Count(), 0);
+}
+
+TEST_F(FrameHelp, HelpShownLeavesTheStatusLineAlone) {
+    Start(SettingsFile(kOffsets), FramePages());
+    Action("KestelHelp_Index")->trigger();
+    EXPECT_FALSE(viewer_.Args().empty());
+    EXPECT_EQ(Label("pBottBar")->text(), QString());
+}
+
+TEST_F(FrameHelp, HelpFileWithoutAViewerSaysSoInTheStatusLine) {
+    Start(SettingsFile(kOffsets), FramePages());
+    const char* path = std::getenv("PATH");
+    const std::string saved = path ? path : "";
+    setenv("PATH", "/nonexistent", 1);  // no wine to run the help viewer
+    Action("KestelHelp_Index")->trigger();
+    setenv("PATH", saved.c_str(), 1);
+    const QString line = Label("pBottBar")->text();
+    EXPECT_TRUE(line.contains(QStringLiteral("cannot be shown"))) << line.toStdString();
+    EXPECT_TRUE(line.contains(QStringLiteral("MarvaneEng.hlp"))) << line.toStdString();
+    EXPECT_EQ(script_.Count(), 0);
+}
+
+TEST_F(Frame, HelpWithoutAHelpFileSaysSoInTheStatusLine) {
+    // The language libraries' folder holds no Help folder.
+    Action("KestelHelp_Index")->trigger();
+    const QString line = Label("pBottBar")->text();
+    EXPECT_TRUE(line.startsWith(QStringLiteral("No help is installed: "))) << line.toStdString();
+    EXPECT_TRUE(line.contains(QStringLiteral("MarvaneENG.hlp"))) << line.toStdString();
+    EXPECT_TRUE(line.contains(QString::fromStdString(cwd_.Path().string()))) << line.toStdString();
+    EXPECT_EQ(script_.Count(), 0);
+
+    // A menu hint takes the line over again.
+    Action("KestelFile_Save")->showStatusText(window_->menuBar());
+    EXPECT_EQ(Label("pBottBar")->text(), Language(26));
+}
+
+TEST_F(Frame, StatusLineIsTheStatusBarsTextInItsOwnFont) {
+    QLabel* line = Label("pBottBar");
+    ASSERT_NE(line, nullptr);
+    EXPECT_EQ(line->parentWidget(), window_->statusBar());
+    const QFont own = QApplication::font(window_->statusBar());
+    EXPECT_FALSE(line->font().bold());
+    EXPECT_EQ(line->font().pointSizeF(), own.pointSizeF());
+    EXPECT_TRUE(line->alignment() & Qt::AlignLeft);
+}
+
+TEST_F(Frame, TabGoesFromTheTabsThroughThePageToOkAndCancel) {
+    window_->PageCtl()->TabBar()->setFocus(Qt::TabFocusReason);
+    const char* const expected[] = {"pSLE_OffsetX",    "pSLE_OffsetY",      "pSLE_OffsetZ",
+                                    "pSLE_CompOffset", "pSLE_BridgeStroke", "pOK",
+                                    "pCancel",         "PageControlTabs"};
+    for (const char* name : expected) {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        ASSERT_NE(QApplication::focusWidget(), nullptr) << name;
+        EXPECT_EQ(QApplication::focusWidget()->objectName(), QString::fromLatin1(name));
+    }
+}
+
+TEST_F(Frame, MinimumSizeLeavesEveryPageTheRoomItsLayoutNeeds) {
+    window_->resize(window_->minimumSize());
+    QApplication::processEvents();
+    for (const char* sheet : {"MecOffTabSheet", "WinColorTabSheet"}) {
+        window_->PageCtl()->SetActivePage(Page(sheet));
+        QApplication::processEvents();
+        const QSize needed = Page(sheet)->minimumSizeHint();
+        EXPECT_GE(Page(sheet)->width(), needed.width()) << sheet;
+        EXPECT_GE(Page(sheet)->height(), needed.height()) << sheet;
+        EXPECT_TRUE(test::LayoutProblems(Page(sheet)).empty()) << sheet;
+    }
+}
+
+TEST_F(Frame, AWindowForcedBelowItsMinimumScrollsInsteadOfSqueezingThePage) {
+    window_->PageCtl()->SetActivePage(Page("WinColorTabSheet"));
+    // As a window manager that ignores the window's minimum size would make it.
+    window_->setMinimumSize(1, 1);
+    window_->resize(400, 300);
+    QApplication::processEvents();
+    ASSERT_EQ(window_->size(), QSize(400, 300));
+    EXPECT_EQ(test::LayoutProblems(Page("WinColorTabSheet")), std::vector<std::string>{});
+    auto* area = qobject_cast<QScrollArea*>(window_->centralWidget());
+    ASSERT_NE(area, nullptr);
+    EXPECT_TRUE(area->horizontalScrollBar()->isVisible());
+    EXPECT_TRUE(area->verticalScrollBar()->isVisible());
 }
 
 TEST_F(Frame, AboutEntryShowsTheAboutBoxModally) {

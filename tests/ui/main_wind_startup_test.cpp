@@ -5,13 +5,16 @@
 #include <QAction>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QMenuBar>
 #include <QPushButton>
 #include <QTest>
 #include <filesystem>
 #include <fstream>
+#include <map>
 
 #include "i18n/resgenstring.h"
+#include "page_usability.h"
 #include "platform/text_codec.h"
 #include "settings/setup_settings.h"
 #include "shell/kestel_main_wind.h"
@@ -250,17 +253,20 @@ std::unique_ptr<TKestelMainWind> StartWithLanguage(TempWinePrefix& prefix, Messa
     return StartWindow(script);
 }
 
-TEST(Language, NoneInCapitalsUsesTheEnglishLibrary) {
+// The caption start-up gives the window (string 1 of the library it loaded, from the working
+// directory the test is in) when "LANGUAGE" is `language`; the window is gone again, with its
+// library.
+QString StartUpCaption(const std::string& language) {
     TempWinePrefix prefix;
-    WorkingDir cwd(WorkingDir::Kind::LanguageLibraries);
     MessageScript script;
-    QString title;
-    {
-        auto window = StartWithLanguage(prefix, script, "NONE");
-        ASSERT_TRUE(window->Ready());
-        title = window->windowTitle();
-    }
-    EXPECT_EQ(MainCaption(title), LanguageOf("ENG", 1));
+    auto window = StartWithLanguage(prefix, script, language);
+    EXPECT_TRUE(window->Ready());
+    return MainCaption(window->windowTitle());
+}
+
+TEST(Language, NoneInCapitalsUsesTheEnglishLibrary) {
+    WorkingDir cwd(WorkingDir::Kind::LanguageLibraries);
+    EXPECT_EQ(StartUpCaption("NONE"), LanguageOf("ENG", 1));
 }
 
 // The help file chosen at start-up, with a working directory whose Help folder holds `files`.
@@ -293,30 +299,15 @@ TEST(Language, HelpFileFallsBackToEnglish) {
 }
 
 TEST(Language, NoneInLowerCaseIsACodeOfItsOwnAndFallsBackToEnglish) {
-    TempWinePrefix prefix;
     WorkingDir cwd(WorkingDir::Kind::LanguageLibraries);
-    MessageScript script;
-    QString title;
-    {
-        auto window = StartWithLanguage(prefix, script, "none");
-        ASSERT_TRUE(window->Ready());
-        title = window->windowTitle();
-    }
-    EXPECT_EQ(MainCaption(title), LanguageOf("ENG", 1));
+    EXPECT_EQ(StartUpCaption("none"), LanguageOf("ENG", 1));
 }
 
 TEST(Language, TheFileNamesTheLibraryInUse) {
-    TempWinePrefix prefix;
     WorkingDir cwd(WorkingDir::Kind::LanguageLibraries);
-    MessageScript script;
-    QString title;
-    {
-        auto window = StartWithLanguage(prefix, script, "ita");
-        ASSERT_TRUE(window->Ready());
-        title = window->windowTitle();
-    }
-    EXPECT_EQ(MainCaption(title), LanguageOf("ita", 1));
-    EXPECT_NE(MainCaption(title), LanguageOf("ENG", 1));
+    const QString caption = StartUpCaption("ita");
+    EXPECT_EQ(caption, LanguageOf("ita", 1));
+    EXPECT_NE(caption, LanguageOf("ENG", 1));
 }
 
 TEST(Language, MissingLanguageKeyUsesTheEnglishLibrary) {
@@ -438,6 +429,41 @@ TEST(Menu, HintOfAnEntryShowsInTheStatusLine) {
     ASSERT_TRUE(window->Ready());
     Find<QAction>(*window, "KestelFile_Save")->showStatusText(window->menuBar());
     EXPECT_EQ(Find<QLabel>(*window, "pBottBar")->text(), Language(26));
+}
+
+// The tabs and the menu bar's popups answer their mnemonics wherever the focus is, and the
+// entries of an open popup answer theirs: within each of those sets no letter is taken twice.
+TEST(Menu, TabsPopupsAndEachPopupsEntriesHaveMnemonicsOfTheirOwnInEveryLanguage) {
+    for (const std::string language : {"ENG", "ITA"}) {
+        TempWinePrefix prefix;
+        std::string ini = SettingsFile(kOffsets, "Vek3");  // the controller entry shown too
+        ini.replace(ini.find("LANGUAGE=ENG"), 12, "LANGUAGE=" + language);
+        prefix.WriteWindowsFile("WZELKO.INI", ini);
+        WorkingDir cwd(WorkingDir::Kind::LanguageLibraries);
+        MessageScript script;
+        auto window = StartWindow(script);
+        ASSERT_TRUE(window->Ready());
+
+        auto expectUnique = [&](const QStringList& captions, const char* where) {
+            std::map<QChar, QString> taken;
+            for (const QString& caption : captions) {
+                const QChar letter = test::MnemonicOf(caption);
+                if (letter.isNull()) continue;
+                EXPECT_EQ(taken.count(letter), 0u)
+                    << language << ", " << where << ": " << caption.toStdString() << " and "
+                    << taken[letter].toStdString();
+                taken[letter] = caption;
+            }
+        };
+        expectUnique(test::WindowMnemonicCaptions(*window), "tabs and menu bar");
+        for (const QAction* popup : window->menuBar()->actions()) {
+            QStringList entries;
+            for (const QAction* entry : popup->menu()->actions()) {
+                if (entry->isVisible() && !entry->isSeparator()) entries << entry->text();
+            }
+            expectUnique(entries, popup->objectName().toLatin1().constData());
+        }
+    }
 }
 
 TEST(PageTable, PagesNotBuiltAreAbsentAndTheirMenuEntriesDisabled) {

@@ -2,39 +2,20 @@
 
 #include <gtest/gtest.h>
 
-#include <QAbstractButton>
 #include <QAbstractItemView>
 #include <QCheckBox>
 #include <QComboBox>
-#include <QGroupBox>
-#include <QLabel>
-#include <QLineEdit>
-#include <QListWidget>
-#include <QMenuBar>
-#include <QTabBar>
+#include <QRadioButton>
+#include <QStyle>
+#include <QStyleOptionButton>
 #include <QTest>
-#include <map>
-#include <sstream>
+#include <iterator>
 
-#include "shell/kestel_main_wind.h"
-#include "widgets/page_control.h"
+#include "ui_test_support.h"
 
 namespace wk::test {
 
 namespace {
-
-// The mnemonic letter of a caption (lower case), or 0.
-QChar Mnemonic(const QString& caption) {
-    for (qsizetype i = 0; i + 1 < caption.size(); ++i) {
-        if (caption[i] != QLatin1Char('&')) continue;
-        if (caption[i + 1] == QLatin1Char('&')) {
-            ++i;
-            continue;
-        }
-        return caption[i + 1].toLower();
-    }
-    return QChar();
-}
 
 std::vector<std::string> Lines(const std::string& bytes) {
     std::vector<std::string> lines;
@@ -67,6 +48,27 @@ std::string Upper(std::string text) {
     return text;
 }
 
+// Texts on the borders of what the conversions take, and texts a user may paste.
+// clang-format off
+const char* const kPieces[] = {
+    "0", "1", "7", "12", "12.5", "-1", "-3", "+3", "+5", "+7", "255", "256", "999", "1000",
+    "12345", "-0", "0.1", "100", "100.01", "3.937", "1e3", "1E-2", "1.5E3", "1.5E+3", "2e-2",
+    "1e308", "1e400", "-1e400", "-1e-400", "0.0001", "0.000001", "1,5", "1.000,5", "1.2.3",
+    "12..3", "3.", ".5", "1 2", "  12  ", " 42 ", ",", ".", "+", "-", "+-", "--1", "--3", "e",
+    "E", "1e", "e5", "1e+", "nan", "NaN", "inf", "$1F", "$FF", "0x10", "0x1F", "0X12",
+    "$FFFFFFFF", "4294967295", "4294967296", "-2147483649", "999999999999",
+    "99999999999999999999", "1234Z", "abc", "ab", "x", "ZZZZ", "NONE", "none", "probe.tip",
+    "init.wav", "C:\\WZELKO\\DATA", "C:\\WZELKO\\DATA\\X.TIP", "\\\\server\\share", "\\", "/",
+    ":", "[SECTION]", "[", "]", "A=B", "a=b", "=", ";comment", ";", "\"quoted\"", "'", " ",
+    "\t", "%s", "%n",
+    // Non-ASCII: in the ANSI code page, outside it, right to left, outside the basic plane.
+    "\xc3\xa9", "\xc3\xbc", "\xc2\xa0", "Gr\xc3\xb6\xc3\x9f" "e",
+    "\xc3\xa4\xc3\xb6\xc3\xbc\xc3\x9f", "\xc3\x9c" "n" "\xc3\xaf" "c" "\xc3\xb6" "d" "\xc3\xa9",
+    "\xc3\xb1" "1.5", "\xe2\x82\xac", "\xe4\xb8\xad\xe6\x96\x87",
+    "\xe6\x97\xa5\xe6\x9c\xac\xe8\xaa\x9e", "\xd9\xa1\xd9\xa2\xd9\xa3", "\xf0\x9f\x98\x80",
+};
+// clang-format on
+
 }  // namespace
 
 void ChooseItem(QComboBox* list, int position) {
@@ -85,156 +87,99 @@ void Tick(QCheckBox* box) {
     QTest::keyClick(box, Qt::Key_Space);
 }
 
-void ExpectUsable(const TKestelMainWind& window, QWidget* page,
-                  const std::vector<const char*>& names) {
-    // Named for a screen reader.
-    for (const char* name : names) {
-        QWidget* control = page->findChild<QWidget*>(QString::fromLatin1(name));
-        ASSERT_NE(control, nullptr) << name;
-        const bool reached =
-            qobject_cast<QAbstractButton*>(control) || qobject_cast<QComboBox*>(control) ||
-            qobject_cast<QLineEdit*>(control) || qobject_cast<QListWidget*>(control) ||
-            qobject_cast<QGroupBox*>(control);
-        if (reached) {
-            EXPECT_FALSE(control->accessibleName().isEmpty()) << name;
-        }
+void ClickIndicator(QAbstractButton* button) {
+    QPoint where = button->rect().center();
+    QStyleOptionButton option;
+    option.initFrom(button);
+    if (qobject_cast<QCheckBox*>(button)) {
+        where =
+            button->style()->subElementRect(QStyle::SE_CheckBoxIndicator, &option, button).center();
+    } else if (qobject_cast<QRadioButton*>(button)) {
+        where = button->style()
+                    ->subElementRect(QStyle::SE_RadioButtonIndicator, &option, button)
+                    .center();
     }
-
-    // Mnemonics: the page's own captions, then the window's tabs and menus.
-    std::map<QChar, QString> own;
-    auto addOwn = [&](const QString& caption) {
-        const QChar letter = Mnemonic(caption);
-        if (letter.isNull()) return;
-        EXPECT_EQ(own.count(letter), 0u)
-            << caption.toStdString() << " clashes with " << own[letter].toStdString();
-        own[letter] = caption;
-    };
-    for (QAbstractButton* button : page->findChildren<QAbstractButton*>()) {
-        if (button->isVisibleTo(page)) addOwn(button->text());
-    }
-    for (QLabel* label : page->findChildren<QLabel*>()) {
-        if (label->buddy() && label->isVisibleTo(page)) addOwn(label->text());
-    }
-    for (QGroupBox* group : page->findChildren<QGroupBox*>()) addOwn(group->title());
-    QStringList windowCaptions;
-    QTabBar* tabs = const_cast<TKestelMainWind&>(window).PageCtl()->TabBar();
-    for (int i = 0; i < tabs->count(); ++i) windowCaptions << tabs->tabText(i);
-    if (QMenuBar* bar = window.findChild<QMenuBar*>()) {
-        for (QAction* action : bar->actions()) windowCaptions << action->text();
-    }
-    for (const QString& caption : windowCaptions) {
-        const QChar letter = Mnemonic(caption);
-        if (letter.isNull() || !own.count(letter)) continue;
-        ADD_FAILURE() << own[letter].toStdString() << " clashes with the window's "
-                      << caption.toStdString();
-    }
-
-    // Tab order: among the controls Tab stops at, the page's are one run of the window's focus
-    // chain, each once.
-    auto stop = [](QWidget* w) {
-        return (w->focusPolicy() & Qt::TabFocus) && w->isVisible() && w->isEnabled();
-    };
-    std::vector<QWidget*> chain;
-    QWidget* w = page;
-    do {
-        if (stop(w)) chain.push_back(w);
-        w = w->nextInFocusChain();
-    } while (w && w != page && chain.size() < 100000);
-    auto onPage = [page](QWidget* widget) { return page->isAncestorOf(widget); };
-    int runs = 0;
-    for (std::size_t i = 0; i < chain.size(); ++i) {
-        if (onPage(chain[i]) && !onPage(chain[(i + chain.size() - 1) % chain.size()])) ++runs;
-    }
-    EXPECT_EQ(runs, 1) << "Tab leaves the page's controls and comes back to them";
-    for (const char* name : names) {
-        QWidget* control = page->findChild<QWidget*>(QString::fromLatin1(name));
-        if (!control || !stop(control)) continue;
-        EXPECT_EQ(std::count(chain.begin(), chain.end(), control), 1) << name;
-    }
+    QTest::mouseClick(button, Qt::LeftButton, Qt::NoModifier, where);
 }
 
-void TypeText(QLineEdit* edit, const QString& text) {
-    edit->setFocus(Qt::MouseFocusReason);
-    edit->selectAll();
-    if (text.isEmpty()) {
-        QTest::keyClick(edit, Qt::Key_Delete);
-        return;
+bool ChooseFromList(QComboBox* box, const QString& text) {
+    const int index = box->findText(text, Qt::MatchExactly);
+    if (index < 0) return false;
+    box->setFocus(Qt::MouseFocusReason);
+    box->showPopup();
+    QAbstractItemView* view = box->view();
+    const QRect item = view->visualRect(view->model()->index(index, box->modelColumn()));
+    QTest::mouseClick(view->viewport(), Qt::LeftButton, Qt::NoModifier, item.center());
+    Settle();
+    if (view->isVisible()) box->hidePopup();
+    return box->currentIndex() == index;
+}
+
+std::vector<QString> Items(const QComboBox* box) {
+    std::vector<QString> items;
+    for (int i = 0; i < box->count(); ++i) items.push_back(box->itemText(i));
+    return items;
+}
+
+QString RandomText::RandomCharacters(int length) {
+    QString text;
+    for (int i = 0; i < length; ++i) {
+        switch (Below(4)) {
+            case 0:  // digits are the most common
+                text += QChar(static_cast<char16_t>(u'0' + Below(10)));
+                break;
+            case 1:  // printable ASCII
+                text += QChar(static_cast<char16_t>(0x20 + Below(0x5F)));
+                break;
+            case 2:  // what numbers are written with
+                text += QChar(static_cast<char16_t>(u".,+-eE$x"[Below(8)]));
+                break;
+            default:  // any character of the basic plane that is not a control or a surrogate
+                text += QChar(static_cast<char16_t>(0xA0 + Below(0xD7FF - 0xA0)));
+                break;
+        }
     }
-    // Each character as the keyboard (or an input method) delivers it, surrogate pairs whole.
-    for (qsizetype i = 0; i < text.size(); ++i) {
-        const qsizetype length = text[i].isHighSurrogate() && i + 1 < text.size() ? 2 : 1;
-        QTest::sendKeyEvent(QTest::Click, edit, Qt::Key_unknown, text.mid(i, length),
-                            Qt::NoModifier);
-        i += length - 1;
-    }
+    return text;
+}
+
+QString RandomText::Piece() {
+    return QString::fromUtf8(kPieces[Below(static_cast<int>(std::size(kPieces)))]);
+}
+
+QString RandomText::Number() {
+    // In one of the forms people type: integer, decimal, signed, with an exponent.
+    QString number;
+    if (Below(4) == 0) number += Below(2) ? QLatin1Char('-') : QLatin1Char('+');
+    number += QString::number(Below(Below(2) ? 300 : 100000));
+    if (Below(2)) number += QLatin1Char('.') + QString::number(Below(10000));
+    if (Below(6) == 0) number += QLatin1Char('e') + QString::number(Below(7) - 3);
+    return number;
 }
 
 QString RandomText::Next() {
-    static const char* const kPieces[] = {
-        "0",
-        "7",
-        "12.5",
-        "-1",
-        "+3",
-        "999",
-        "1000",
-        "-0",
-        "1.5E3",
-        "2e-2",
-        "1e400",
-        "-1e-400",
-        "1,5",
-        "1.000,5",
-        "12..3",
-        ",",
-        ".",
-        "+",
-        "-",
-        "+-",
-        "--3",
-        "$1F",
-        "0x10",
-        "$FFFFFFFF",
-        "4294967296",
-        "abc",
-        "NONE",
-        "none",
-        "probe.tip",
-        "C:\\WZELKO\\DATA\\X.TIP",
-        "[SECTION]",
-        "A=B",
-        ";comment",
-        "\"quoted\"",
-        " ",
-        "  12  ",
-        "\xc3\xa9",
-        "Gr\xc3\xb6\xc3\x9f"
-        "e",
-        "\xe2\x82\xac",
-        "\xe4\xb8\xad\xe6\x96\x87",
-        "\xf0\x9f\x98\x80",
-        "nan",
-        "inf",
-        "1e",
-        "e5",
-        "0.0001",
-    };
-    constexpr int kPieceCount = static_cast<int>(sizeof kPieces / sizeof kPieces[0]);
-    const int kind = Below(12);
-    if (kind == 0) return QString();
-    if (kind == 1) {
-        // Very long: digits, letters, signs and separators.
-        static const char kAlphabet[] = "0123456789abcXYZ.,+-eE $\\:";
-        QString text;
-        const int length = 200 + Below(200);
-        for (int i = 0; i < length; ++i) {
-            text += QLatin1Char(kAlphabet[Below(static_cast<int>(sizeof kAlphabet) - 1)]);
+    switch (Below(16)) {
+        case 0:
+            return QString();
+        case 1:  // very long: digits, letters, signs and separators
+            return RandomCharacters(200 + Below(400));
+        case 2:  // a very long number
+            return QString::number(1 + Below(9)) + QString(200 + Below(200), QLatin1Char('7'));
+        case 3:
+        case 4:
+            return RandomCharacters(Below(12));
+        case 5:
+        case 6:
+        case 7:
+        case 8:
+            return Number();
+        case 9:  // a number with something after it
+            return Number() + RandomCharacters(1 + Below(2));
+        default: {  // one to five pieces
+            QString text;
+            for (int pieces = 1 + Below(5); pieces > 0; --pieces) text += Piece();
+            return text;
         }
-        return text;
     }
-    QString text = QString::fromUtf8(kPieces[Below(kPieceCount)]);
-    if (kind >= 9) text += QString::fromUtf8(kPieces[Below(kPieceCount)]);
-    return text;
 }
 
 std::string SettingsFileWithMain(std::string sections) {
@@ -276,6 +221,15 @@ std::set<std::string> DifferingKeys(const std::string& before, const std::string
         keys.insert(section + "|" + Upper(Trimmed(line.substr(0, eq))));
     }
     return keys;
+}
+
+std::set<std::string> ChangedBeyond(const std::string& before, const std::string& after,
+                                    const std::set<std::string>& keys) {
+    std::set<std::string> changed;
+    for (const std::string& key : DifferingKeys(before, after)) {
+        if (!keys.count(key)) changed.insert(key);
+    }
+    return changed;
 }
 
 bool ParsesAsSettingsFile(const std::string& bytes) {

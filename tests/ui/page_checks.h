@@ -1,7 +1,9 @@
 #pragma once
-// Checks and drivers the page tests share: choosing in a list and ticking a box as a user does,
-// whether a page can be used with the keyboard and a screen reader, random texts for fuzzing
-// the edits, and which keys two saved files differ in.
+// What the page tests share besides the fixture: choosing in a list and ticking a box as a user
+// does, random texts for fuzzing the edits, settings files with keys of the main section, and
+// which keys two saved files differ in. (Typing is TypeInto, in ui_test_support.h; whether a
+// page is usable by keyboard and screen reader is checked for every page by the contract test,
+// page_usability.h.)
 
 #include <QString>
 #include <cstdint>
@@ -10,42 +12,45 @@
 #include <string>
 #include <vector>
 
+class QAbstractButton;
 class QCheckBox;
 class QComboBox;
-class QLineEdit;
-class QWidget;
-
-namespace wk {
-class TKestelMainWind;
-}
 
 namespace wk::test {
 
-// Types `text` into the edit as a user does: focus into it, select what it holds, type (an
-// empty text deletes the selection). Any character, not only Latin-1 ones.
-void TypeText(QLineEdit* edit, const QString& text);
 // Opens the list, moves to `position` and confirms with Enter, as a user picks an item; the
 // list reports one choice.
 void ChooseItem(QComboBox* list, int position);
 // Tabs to the box and presses Space.
 void Tick(QCheckBox* box);
+// A mouse click where the user clicks a check box or radio button: on its indicator (a push
+// button in its middle). The focus moves to it, as it does for a user.
+void ClickIndicator(QAbstractButton* button);
+// Opens the list of `box` and clicks the item with `text`; false when the list has no such item.
+bool ChooseFromList(QComboBox* box, const QString& text);
+// The texts of a combo box's items.
+std::vector<QString> Items(const QComboBox* box);
 
-// Every control among `names` on `page` that a user reaches (buttons, check boxes, lists,
-// edits, group boxes) has an accessible name; the mnemonics of the page's captions clash
-// neither with each other nor with the window's tabs and menus; and Tab from the first control
-// reaches every enabled control of the page once before it comes back.
-void ExpectUsable(const TKestelMainWind& window, QWidget* page,
-                  const std::vector<const char*>& names);
-
-// Texts of the kinds typed or pasted into an edit: numbers in every form, signs, exponents,
-// separators, letters, non-ASCII, blanks, empty, very long.
+// Texts of the kinds typed or pasted into an edit: numbers in the forms people type them and on
+// the borders of what the conversions take (signs, exponents, separators, hexadecimal, huge),
+// file names, settings-file syntax and printf formats, letters, control characters,
+// non-ASCII text (some of it outside the ANSI code page, some outside the basic plane), blanks,
+// nothing at all, very long text and random characters.
+// Seeded, so that a failure can be run again.
 class RandomText {
 public:
     explicit RandomText(std::uint32_t seed) : rng_(seed) {}
+
+    // The next text to type.
     QString Next();
+    // A number from 0 to n - 1.
     int Below(int n) { return std::uniform_int_distribution<int>(0, n - 1)(rng_); }
 
 private:
+    QString Piece();
+    QString Number();
+    QString RandomCharacters(int length);
+
     std::mt19937 rng_;
 };
 
@@ -58,6 +63,12 @@ std::string SettingsFileWithMain(std::string sections);
 // of a settings file; "<line N>" for a differing line that is not a key, and "<lines>" when
 // the files have not the same number of lines.
 std::set<std::string> DifferingKeys(const std::string& before, const std::string& after);
+
+// What differs between two versions of a settings file besides the values of `keys`
+// ("SECTION|KEY", upper case), as DifferingKeys names it: nothing when every other line is as
+// it was.
+std::set<std::string> ChangedBeyond(const std::string& before, const std::string& after,
+                                    const std::set<std::string>& keys);
 
 // Whether every line of a settings file is a section header, a key line, a comment or blank,
 // with no line of either kind lost (the file reads back as it was written).

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <QAction>
+#include <QApplication>
 #include <QLineEdit>
 #include <QTest>
 #include <filesystem>
@@ -14,6 +15,7 @@
 
 #include "page_controls.h"
 #include "page_test_fixture.h"
+#include "page_usability.h"
 #include "shell/kestel_main_wind.h"
 #include "support/file_bytes.h"
 #include "widgets/page_control.h"
@@ -22,6 +24,10 @@ namespace wk {
 namespace {
 
 constexpr const char* kDemoFiles[] = {"WZELKO.INI", "WZELKO32.INI", "WIN.INI"};
+// The languages the program is delivered in, and controllers of the two kinds the pages show
+// different controls for (TCP/IP limits; base address and mouse buttons).
+constexpr const char* kLanguages[] = {"ENG", "ITA"};
+constexpr const char* kControllers[] = {"RMD", "Tq"};
 
 // A row of the table, printed by its sheet's name.
 struct BuiltPage {
@@ -60,15 +66,54 @@ protected:
 
     // The page alone in the window, on a fresh copy of the demo machine's files.
     void StartOnDemoFiles() {
+        CopyDemoFiles();
+        ASSERT_NO_FATAL_FAILURE(StartOnFiles(std::span<const PageEntry>(GetParam().row, 1)));
+        page_ = Page(Row().sheetName);
+        ASSERT_NE(page_, nullptr);
+    }
+
+    // The whole window, as the program shows it, on the demo machine's files in `language`
+    // for a controller of `controllerType`, with the page shown.
+    void StartWindowOnDemoFiles(const std::string& language, const std::string& controllerType) {
+        CopyDemoFiles();
+        std::string ini = Bytes();
+        Replace(ini, "LANGUAGE=ENG\r\n", "LANGUAGE=" + language + "\r\n");
+        Replace(ini, "Type=RMD\r\n", "Type=" + controllerType + "\r\n");
+        prefix_.WriteWindowsFile("WZELKO.INI", ini);
+        ASSERT_NO_FATAL_FAILURE(StartOnFiles());
+        page_ = Page(Row().sheetName);
+        ASSERT_NE(page_, nullptr);
+        window_->PageCtl()->SetActivePage(page_);
+        QApplication::processEvents();
+    }
+
+    void CopyDemoFiles() {
         CloseWindow();
         for (const char* file : kDemoFiles) {
             prefix_.WriteWindowsFile(
                 file, test::ReadFileBytes(std::filesystem::path(WKESTEL_DEMO_WINDOWS_DIR) / file));
         }
         std::filesystem::remove(prefix_.WindowsFile("WZELKO.BAK"));
-        ASSERT_NO_FATAL_FAILURE(StartOnFiles(std::span<const PageEntry>(GetParam().row, 1)));
-        page_ = Page(Row().sheetName);
-        ASSERT_NE(page_, nullptr);
+    }
+
+    static void Replace(std::string& text, const std::string& from, const std::string& to) {
+        const std::size_t at = text.find(from);
+        ASSERT_NE(at, std::string::npos) << from;
+        text.replace(at, from.size(), to);
+    }
+
+    // Runs `check` on the page in each language and for a controller of each kind the pages
+    // tell apart (with and without TCP/IP), and reports what it finds, each with where.
+    template <typename Check>
+    void ExpectNothingFound(Check&& check) {
+        for (const char* language : kLanguages) {
+            for (const char* controller : kControllers) {
+                ASSERT_NO_FATAL_FAILURE(StartWindowOnDemoFiles(language, controller));
+                for (const std::string& problem : check()) {
+                    ADD_FAILURE() << language << ", " << controller << ": " << problem;
+                }
+            }
+        }
     }
 
     // The edit fields of the page's table that a user can type into now (shown, enabled, not
@@ -168,6 +213,43 @@ TEST_P(PageContract, SaveThroughTheFileMenuWritesNothingWhenNothingChanged) {
     EXPECT_EQ(Bytes(), Original());
     EXPECT_FALSE(Exists("WZELKO.BAK"));
     EXPECT_EQ(script_.Count(), 0);
+}
+
+// ---- usable by anyone --------------------------------------------------------------------
+
+TEST_P(PageContract, EveryControlIsNamedForAScreenReaderAfterItsCaption) {
+    ExpectNothingFound([&] { return test::UnnamedControls(page_); });
+}
+
+TEST_P(PageContract, MnemonicsClashNeitherOnThePageNorWithTheWindowsTabsAndMenus) {
+    ExpectNothingFound(
+        [&] { return test::MnemonicClashes(page_, test::WindowMnemonicCaptions(*window_)); });
+}
+
+TEST_P(PageContract, TabReachesEveryControlOnceInReadingOrder) {
+    ExpectNothingFound([&] { return test::TabOrderProblems(*window_, page_); });
+}
+
+TEST_P(PageContract, NothingOverlapsNorIsCutAtTheSmallestSizeOfTheWindowNorWhenLarger) {
+    ExpectNothingFound([&] {
+        std::vector<std::string> problems;
+        const QSize smallest = window_->minimumSize();
+        // The window cannot be made smaller than its layouts need.
+        const QSize needed = window_->minimumSizeHint();
+        if (smallest.isEmpty() || smallest.width() < needed.width() ||
+            smallest.height() < needed.height()) {
+            problems.push_back("the window's minimum size is below what its layouts need");
+        }
+        for (const QSize size : {smallest, smallest + QSize(360, 240)}) {
+            window_->resize(size);
+            QApplication::processEvents();
+            if (window_->size() != size) problems.push_back("the window does not take its size");
+            for (std::string& problem : test::LayoutProblems(page_)) {
+                problems.push_back(std::move(problem));
+            }
+        }
+        return problems;
+    });
 }
 
 INSTANTIATE_TEST_SUITE_P(BuiltPages, PageContract, ::testing::ValuesIn(BuiltPages()),

@@ -9,6 +9,7 @@
 #include "shell/kestel_main_wind.h"
 #include "shell/language_text.h"
 #include "widgets/dialog_answers.h"
+#include "widgets/page_control.h"
 
 namespace wk::test {
 
@@ -92,6 +93,31 @@ void PageTest::Click(const char* button) const {
 
 void PageTest::Save() const {
     Action("KestelFile_Save")->trigger();
+}
+
+void PageTest::CommitTyped(QLineEdit* edit, Commit how) const {
+    switch (how) {
+        case Commit::Tab:
+            PressTab(edit);
+            break;
+        case Commit::Ok:
+            Click("pOK");
+            break;
+        case Commit::Save:
+            Save();
+            break;
+        case Commit::Store:
+            if (auto* page = qobject_cast<KestelPage*>(window_->PageCtl()->ActivePage())) {
+                page->Store();
+            }
+            break;
+    }
+}
+
+std::string PageTest::SaveUnchanged(const std::string& file) {
+    Record().Modified = true;
+    Save();
+    return Bytes(file);
 }
 
 std::string PageTest::Bytes(const std::string& file) const {

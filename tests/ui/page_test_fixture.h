@@ -60,6 +60,16 @@ protected:
     // File, Save.
     void Save() const;
 
+    // The ways a user commits what is typed into an edit: leaving it with Tab, OK, File, Save,
+    // and the page's Store, which switching to another page runs first.
+    enum class Commit { Tab, Ok, Save, Store };
+    static constexpr Commit kCommits[] = {Commit::Tab, Commit::Ok, Commit::Save, Commit::Store};
+    // Commits what is typed into `edit` (the focused edit of the active page) that way.
+    void CommitTyped(QLineEdit* edit, Commit how) const;
+    // What File, Save writes when nothing has been edited (the record marked changed so that it
+    // writes): the bytes a random-text run compares the file with afterwards.
+    std::string SaveUnchanged(const std::string& file = "WZELKO.INI");
+
     // The bytes of a file of the Windows directory; the value of a key there ("<missing>").
     std::string Bytes(const std::string& file = "WZELKO.INI") const;
     std::string Saved(const char* section, const char* key,

@@ -12,8 +12,8 @@
 #include <QTest>
 #include <QVBoxLayout>
 
+#include "page_checks.h"
 #include "ui_test_support.h"
-#include "user_input.h"
 #include "widgets/edit_combo_box.h"
 #include "widgets/edit_field.h"
 #include "widgets/focus_return.h"

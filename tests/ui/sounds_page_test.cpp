@@ -6,7 +6,6 @@
 
 #include <gtest/gtest.h>
 
-#include <QAccessible>
 #include <QApplication>
 #include <QCheckBox>
 #include <QElapsedTimer>
@@ -18,14 +17,12 @@
 #include <QTest>
 #include <filesystem>
 #include <memory>
-#include <sstream>
 #include <string>
 #include <vector>
 
-#include "page_controls.h"
+#include "page_checks.h"
 #include "page_test_fixture.h"
 #include "platform/text_codec.h"
-#include "random_typing.h"
 #include "settings/setup_settings.h"
 #include "shell/kestel_main_wind.h"
 #include "support/file_bytes.h"
@@ -159,18 +156,6 @@ TEST_F(SoundsPage, CaptionsComeFromTheLanguageStrings) {
     EXPECT_EQ(Check("pCHB_ContZeroes")->text(), Language(334));
     EXPECT_EQ(Label("pST_EventsList")->text(), Language(337));
     EXPECT_EQ(Label("pST_FilesList")->text(), Language(338));
-}
-
-TEST_F(SoundsPage, EveryControlHasAnAccessibleName) {
-    StartSounds();
-    const test::PageControls* controls = test::ControlsOf("SoundsTabSheet");
-    ASSERT_NE(controls, nullptr);
-    for (const char* name : controls->controls) {
-        QAccessibleInterface* accessible =
-            QAccessible::queryAccessibleInterface(Find<QWidget>(name));
-        ASSERT_NE(accessible, nullptr) << name;
-        EXPECT_FALSE(accessible->text(QAccessible::Name).isEmpty()) << name;
-    }
 }
 
 TEST_F(SoundsPage, TheEventsListShowsEachCaptionPaddedAndItsFileName) {
@@ -542,13 +527,11 @@ TEST_F(SoundsPage, TestPlaysForRealThroughTheSoundPluginWithoutBlocking) {
 TEST_F(SoundsPage, RandomTextInTheNameEditsIsStoredBeforeTheLocationAndNeverDamagesTheFile) {
     const std::string file = SoundsFile(std::string(kSounds) + "\r\n[OTHER]\r\nkept = as  is \r\n");
     StartSounds(file);
-    Record().Modified = true;
-    Save();
-    const std::string baseline = Bytes();
+    const std::string baseline = SaveUnchanged();
     CloseWindow();
 
     StartSounds(file);
-    test::RandomTyping typing(4711);
+    test::RandomText typing(4711);
     const struct {
         const char* edit;
         int id;
@@ -557,41 +540,22 @@ TEST_F(SoundsPage, RandomTextInTheNameEditsIsStoredBeforeTheLocationAndNeverDama
     for (int step = 0; step < 120; ++step) {
         const auto& target = edits[typing.Below(2)];
         QLineEdit* edit = Edit(target.edit);
-        test::Retype(edit, typing.Next());
+        test::TypeInto(edit, typing.Next());
         const QString typed = edit->text();
-        switch (typing.Below(4)) {
-            case 0:
-                PressTab(edit);
-                break;
-            case 1:
-                page_->Store();
-                break;
-            case 2:
-                Click("pOK");
-                break;
-            default:
-                Save();
-                break;
-        }
+        CommitTyped(edit, kCommits[typing.Below(4)]);
         EXPECT_EQ(script_.Count(), 0) << typed.toStdString();
         EXPECT_EQ(Record().GetSound(target.id, false),
                   platform::Utf8ToAnsi(typed.toStdString()) + "\\\\WZELKO\\SOUNDS")
             << typed.toStdString();
         page_->Load(true);
     }
-    Record().Modified = true;
-    Save();
-    std::istringstream saved(Bytes());
-    std::istringstream before(baseline);
-    std::string savedLine;
-    std::string beforeLine;
-    while (std::getline(before, beforeLine)) {
-        ASSERT_TRUE(std::getline(saved, savedLine)) << beforeLine;
-        if (beforeLine.rfind("init=", 0) == 0 || beforeLine.rfind("home=", 0) == 0) {
-            EXPECT_NE(savedLine.find("\\\\WZELKO\\SOUNDS"), std::string::npos) << savedLine;
-        } else {
-            EXPECT_EQ(savedLine, beforeLine);
-        }
+    const std::string saved = SaveUnchanged();
+    EXPECT_EQ(test::ChangedBeyond(baseline, saved, {"SOUNDS|INIT", "SOUNDS|HOME"}),
+              std::set<std::string>{});
+    for (const char* key : {"init", "home"}) {
+        EXPECT_NE(test::IniValue(saved, "SOUNDS", key).find("\\\\WZELKO\\SOUNDS"),
+                  std::string::npos)
+            << key;
     }
 }
 

@@ -110,7 +110,32 @@ std::unique_ptr<TKestelMainWind> StartWindow(MessageScript& script,
 void TypeInto(QLineEdit* edit, const QString& text) {
     edit->setFocus(Qt::MouseFocusReason);
     edit->selectAll();
-    QTest::keyClicks(edit, text);
+    if (text.isEmpty()) {
+        QTest::keyClick(edit, Qt::Key_Delete);
+        return;
+    }
+    TypeKeys(edit, text);
+}
+
+void TypeKeys(QWidget* widget, const QString& text) {
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        const QChar c = text[i];
+        if (c.unicode() >= 0x20 && c.unicode() < 0x7F) {
+            // A key of the keyboard: its key code and its text.
+            QTest::keyClick(widget, static_cast<char>(c.unicode()));
+            continue;
+        }
+        // A character no key of the test's keyboard has: a key event that carries it, as an
+        // input method delivers it (a character outside the basic plane whole, both halves).
+        const qsizetype length = c.isHighSurrogate() && i + 1 < text.size() ? 2 : 1;
+        QTest::sendKeyEvent(QTest::Click, widget, Qt::Key_unknown, text.mid(i, length),
+                            Qt::NoModifier);
+        i += length - 1;
+    }
+}
+
+void Settle() {
+    for (int i = 0; i < 3; ++i) QApplication::processEvents();
 }
 
 void PressTab(QWidget* widget) {

@@ -78,8 +78,14 @@ std::unique_ptr<TKestelMainWind> StartWindow(MessageScript& script,
 // Whether a file exists in the prefix's Windows directory.
 bool Exists(const TempWinePrefix& prefix, const std::string& name);
 
-// Types `text` into an edit field as a user would: focus into it, select, type.
+// Types `text` into an edit field as a user would: focus into it (as a click puts it there),
+// select what it holds, type (an empty text deletes the selection). The focus stays in the edit.
 void TypeInto(QLineEdit* edit, const QString& text);
+// Types `text` key by key into `widget`, which has the focus: the characters of the keyboard as
+// its keys, any other as an input method delivers it (one outside the basic plane whole).
+void TypeKeys(QWidget* widget, const QString& text);
+// Lets the events queued so far run (focus moves and layouts that Qt defers).
+void Settle();
 // Leaves the focused field with Tab.
 void PressTab(QWidget* widget);
 

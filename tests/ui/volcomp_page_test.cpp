@@ -11,10 +11,10 @@
 #include <algorithm>
 #include <string>
 
+#include "page_checks.h"
 #include "page_test_fixture.h"
 #include "shell/kestel_main_wind.h"
 #include "ui_test_support.h"
-#include "user_input.h"
 #include "widgets/page_control.h"
 
 namespace wk {
@@ -270,14 +270,6 @@ TEST_F(VolcompPage, TabGoesThroughTheMethodWithItsSettingsThenTheModeThenTheExit
     // The QEN switch is not usable with the controller's method.
     EXPECT_EQ(visited, (std::vector<std::string>{"pRB_Controller", "pSLE_CosDatFnameKVL",
                                                  "pCB_ThComp", "pRB_BridgeQen", "pRB_Restore"}));
-}
-
-TEST_F(VolcompPage, NoTwoControlsOfThePageShareAMnemonic) {
-    StartVolcomp(Wzelko("RMD"), Wzelko32("QEN"));
-    std::vector<QChar> letters = test::Mnemonics(Page("VolcompTabSheet"));
-    ASSERT_GT(letters.size(), 10u);
-    std::sort(letters.begin(), letters.end());
-    EXPECT_EQ(std::adjacent_find(letters.begin(), letters.end()), letters.end());
 }
 
 }  // namespace

@@ -139,6 +139,17 @@ struct ThreeSheets {
     }
 };
 
+TEST(PageControl, ATabShowsItsCaptionWithoutTheMnemonicAndAltWithItsLetterDoesNotSwitch) {
+    ThreeSheets t;
+    t.pages->SetSheetCaption(t.sheets[1], QStringLiteral("&Machine && Head"));
+    EXPECT_EQ(t.pages->TabBar()->tabText(1), QStringLiteral("Machine && Head"));
+    EXPECT_EQ(t.pages->SheetCaption(t.sheets[1]), QStringLiteral("&Machine && Head"));
+    t.edits[0]->setFocus(Qt::TabFocusReason);
+    QTest::keyClick(t.edits[0], Qt::Key_M, Qt::AltModifier);
+    EXPECT_EQ(t.pages->ActivePage(), t.sheets[0]);
+    EXPECT_EQ(t.asked, 0);
+}
+
 TEST(PageControl, RefusedClickOnATabKeepsTheSheet) {
     ThreeSheets t;
     t.allow = false;
