@@ -53,6 +53,11 @@ int main(int argc, char** argv) {
         return 1;
     }
 
+    // Every page, made now: the window takes the size the largest of them needs before the
+    // first picture.
+    mainWind.BuildRemainingPages();
+    QApplication::processEvents();
+
     int written = 0;
     auto save = [&](QWidget& widget, const QString& name) {
         QApplication::processEvents();

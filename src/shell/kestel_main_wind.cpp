@@ -1,6 +1,7 @@
 #include "shell/kestel_main_wind.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QCloseEvent>
 #include <QCoreApplication>
 #include <QDir>
@@ -9,6 +10,7 @@
 #include <QMenuBar>
 #include <QPushButton>
 #include <QStatusTipEvent>
+#include <QTimer>
 #include <cstdio>
 #include <cstring>
 
@@ -107,6 +109,7 @@ TKestelMainWind::~TKestelMainWind() {
     // must not run on a half-destroyed window. The pages go first, while the record they refer
     // to is still there.
     destroying_ = true;
+    StopWaitingForInput();
     for (EditField* field : findChildren<EditField*>()) {
         field->blockSignals(true);
     }
@@ -144,15 +147,44 @@ void TKestelMainWind::BuildFrame() {
     pCancel_ = area.pCancel;
     pBottBar_ = area.pBottBar;
 
+    // Only the start page is made with the window; the others wait behind stand-ins on their
+    // tabs. Making every page costs more than starting Qt itself, and the user looks at the
+    // start page first: the window is on screen in about half the time, and the other pages
+    // are there long before anyone could reach them (see eventFilter).
+    sheets_.assign(rows_.size(), nullptr);
+    const std::size_t start = StartRow();
     for (std::size_t row = 0; row < rows_.size(); ++row) {
         if (!rows_[row].factory) {
             continue;  // not built: absent from the page control
         }
-        std::unique_ptr<KestelPage> page = rows_[row].factory(*this);
-        page->setObjectName(QString::fromLatin1(rows_[row].sheetName));
-        pages_[row] = page.get();
-        pageControl_->AddSheet(page.release(), QString::fromLatin1(rows_[row].designCaption));
+        QWidget* sheet = nullptr;
+        if (row == start) {
+            std::unique_ptr<KestelPage> page = rows_[row].factory(*this);
+            page->setObjectName(QString::fromLatin1(rows_[row].sheetName));
+            pages_[row] = page.get();
+            sheet = page.release();
+        } else {
+            sheet = new QWidget;
+        }
+        sheets_[row] = sheet;
+        pageControl_->AddSheet(sheet, QString::fromLatin1(rows_[row].designCaption));
     }
+    PutButtonsLastInTabOrder();
+    pageControl_->SetChangingHook([this] { return KestelPageControlChanging(); });
+    pageControl_->SetSheetPreparer([this](int index) {
+        const int row = RowOf(pageControl_->Sheet(index));
+        if (row >= 0) {
+            BuildPage(static_cast<std::size_t>(row));
+        }
+    });
+    connect(pageControl_, &PageControl::Change, this, &TKestelMainWind::KestelPageControlChange);
+    connect(pageControl_, &PageControl::SheetEnter, this, &TKestelMainWind::SheetEnter);
+    // Enter and Escape reach them through keyPressEvent.
+    connect(pOK_, &QPushButton::clicked, this, &TKestelMainWind::pOKClick);
+    connect(pCancel_, &QPushButton::clicked, this, &TKestelMainWind::pCancelClick);
+}
+
+void TKestelMainWind::PutButtonsLastInTabOrder() {
     // Tab goes from the tabs into the page shown, through its controls, then to OK and Cancel:
     // the buttons were made before the pages, and would otherwise come first.
     QWidget* last = previousInFocusChain();
@@ -160,12 +192,117 @@ void TKestelMainWind::BuildFrame() {
         setTabOrder(last, pOK_);
         setTabOrder(pOK_, pCancel_);
     }
-    pageControl_->SetChangingHook([this] { return KestelPageControlChanging(); });
-    connect(pageControl_, &PageControl::Change, this, &TKestelMainWind::KestelPageControlChange);
-    connect(pageControl_, &PageControl::SheetEnter, this, &TKestelMainWind::SheetEnter);
-    // Enter and Escape reach them through keyPressEvent.
-    connect(pOK_, &QPushButton::clicked, this, &TKestelMainWind::pOKClick);
-    connect(pCancel_, &QPushButton::clicked, this, &TKestelMainWind::pCancelClick);
+}
+
+std::size_t TKestelMainWind::StartRow() const {
+    // The start page, or the first page there is while it is not built.
+    for (std::size_t row = 0; row < rows_.size(); ++row) {
+        if (rows_[row].startPage && rows_[row].factory) {
+            return row;
+        }
+    }
+    for (std::size_t row = 0; row < rows_.size(); ++row) {
+        if (rows_[row].factory) {
+            return row;
+        }
+    }
+    return rows_.size();
+}
+
+// ---- pages made after the window is on screen -------------------------------------------
+
+bool TKestelMainWind::AllPagesBuilt() const {
+    for (std::size_t row = 0; row < rows_.size(); ++row) {
+        if (rows_[row].factory && !pages_[row]) {
+            return false;
+        }
+    }
+    return true;
+}
+
+bool TKestelMainWind::MakePage(std::size_t row) {
+    if (row >= rows_.size() || pages_[row] || !rows_[row].factory || destroying_) {
+        return false;
+    }
+    std::unique_ptr<KestelPage> made = rows_[row].factory(*this);
+    KestelPage* page = made.get();
+    page->setObjectName(QString::fromLatin1(rows_[row].sheetName));
+    pageControl_->ReplaceSheet(sheets_[row], made.release());
+    sheets_[row] = page;
+    pages_[row] = page;
+    PutButtonsLastInTabOrder();
+    if (recordRead_) {
+        // Made later, it starts as it would have at start-up. Its initialisation's writes to
+        // the record are no more the user's change than those of the pages made then.
+        const bool modified = settings_.Modified;
+        page->Initialise();
+        settings_.Modified = modified;
+    }
+    return true;
+}
+
+void TKestelMainWind::PagesMade() {
+    if (ready_) {
+        // The window takes the room the new pages need, if more, before it is drawn again.
+        SettleLayouts();
+    }
+    if (AllPagesBuilt()) {
+        StopWaitingForInput();
+    }
+}
+
+void TKestelMainWind::BuildPage(std::size_t row) {
+    if (MakePage(row)) {
+        PagesMade();
+    }
+}
+
+void TKestelMainWind::BuildRemainingPages() {
+    bool made = false;
+    for (std::size_t row = 0; row < rows_.size(); ++row) {
+        made = MakePage(row) || made;
+    }
+    if (made) {
+        PagesMade();
+    }
+}
+
+void TKestelMainWind::StopWaitingForInput() {
+    if (waitingForInput_) {
+        waitingForInput_ = false;
+        qApp->removeEventFilter(this);
+    }
+}
+
+bool TKestelMainWind::eventFilter(QObject* watched, QEvent* event) {
+    switch (event->type()) {
+        case QEvent::Paint:
+            // The window is being drawn with the start page: the other pages follow while the
+            // user looks at it.
+            if (ready_ && idlePageBuilding_ && !idleBuildingStarted_ &&
+                isAncestorOf(qobject_cast<QWidget*>(watched))) {
+                idleBuildingStarted_ = true;
+                QTimer::singleShot(0, this, &TKestelMainWind::BuildRemainingPages);
+            }
+            break;
+        case QEvent::KeyPress:
+        case QEvent::ShortcutOverride:
+        case QEvent::MouseButtonPress:
+        case QEvent::MouseButtonDblClick:
+        case QEvent::Wheel:
+        case QEvent::TouchBegin:
+        case QEvent::TabletPress:
+            // Before the user's first change every page is made, on the record as the files
+            // gave it: a page made after an edit would start from the edited record, and show
+            // what a page made at start-up would not.
+            if (waitingForInput_) {
+                BuildRemainingPages();
+            }
+            break;
+        default:
+            break;
+    }
+    return QMainWindow::eventFilter(watched, event);
 }
 
 QString TKestelMainWind::LanguageText(int id) const {
@@ -186,8 +323,8 @@ bool TKestelMainWind::BrowseForFile(std::string& path, const std::string& initia
 }
 
 int TKestelMainWind::RowOf(const QWidget* sheet) const {
-    for (std::size_t row = 0; sheet && row < pages_.size(); ++row) {
-        if (pages_[row] == sheet) {
+    for (std::size_t row = 0; sheet && row < sheets_.size(); ++row) {
+        if (sheets_[row] == sheet) {
             return static_cast<int>(row);
         }
     }
@@ -258,12 +395,23 @@ bool TKestelMainWind::FirstActivation() {
     settings_.ReadAll();
     recordRead_ = true;
 
-    for (KestelPage* page : pages_) {
-        if (page) {
-            page->Initialise();
+    for (std::size_t row = 0; row < rows_.size(); ++row) {
+        if (pages_[row]) {
+            pages_[row]->Initialise();
+        } else if (sheets_[row]) {
+            // The tab of a page still to come shows already the caption its page gives it.
+            const int captionId = rows_[row].menu.captionId;
+            const QString caption = captionId > 0 ? LanguageText(captionId) : QString();
+            if (!caption.isEmpty()) {
+                pageControl_->SetSheetCaption(sheets_[row], caption);
+            }
         }
     }
     pageControl_->SetActivePage(StartPage());
+    if (!AllPagesBuilt()) {
+        waitingForInput_ = true;
+        qApp->installEventFilter(this);
+    }
 
     // What the initialisations wrote into the record is not the user's change.
     settings_.Modified = false;
@@ -288,13 +436,8 @@ void TKestelMainWind::SettleLayouts() {
 }
 
 QWidget* TKestelMainWind::StartPage() const {
-    // The start page, or the first page there is while it is not built.
-    for (std::size_t row = 0; row < rows_.size(); ++row) {
-        if (rows_[row].startPage && pages_[row]) {
-            return pages_[row];
-        }
-    }
-    return pageControl_->Sheet(0);
+    const std::size_t row = StartRow();
+    return row < rows_.size() ? sheets_[row] : nullptr;
 }
 
 void TKestelMainWind::SettingsFilePresenceCheck() {
@@ -367,7 +510,7 @@ int TKestelMainWind::AskToSave() {
 void TKestelMainWind::SelectPageFromMenu(std::size_t row) {
     // Asks here; the switch itself is the program's and asks no second time.
     if (ApplyCurrentPage(false)) {
-        pageControl_->SetActivePage(pages_[row]);
+        pageControl_->SetActivePage(sheets_[row]);
     }
 }
 
@@ -433,7 +576,8 @@ void TKestelMainWind::SheetEnter(QWidget* sheet) {
         return;
     }
     const int row = RowOf(sheet);
-    if (row >= 0 && rows_[static_cast<std::size_t>(row)].refreshOnEntry) {
+    if (row >= 0 && pages_[static_cast<std::size_t>(row)] &&
+        rows_[static_cast<std::size_t>(row)].refreshOnEntry) {
         pages_[static_cast<std::size_t>(row)]->Load(true);
     }
 }

@@ -69,6 +69,19 @@ public:
     bool RecordRead() const { return recordRead_; }
     PageControl* PageCtl() const { return pageControl_; }
 
+    // Pages made after the window is on screen. The start page is made with the window; every
+    // other page has a stand-in on its tab and is made when the window is idle after it has
+    // been first drawn (all in one turn of the event loop, a few milliseconds, and one change
+    // of the window's size at most), or at once when it is shown or when the user first presses
+    // a key or a mouse button (see eventFilter). Each starts as it would have at start-up: on
+    // the record as the files gave it.
+    bool AllPagesBuilt() const;
+    // Makes every page not made yet, now (the tools that look at every page ask for this).
+    void BuildRemainingPages();
+    // Whether the remaining pages are made in idle time (on by default); off, they are made
+    // only when needed, which is how the tests see a window with pages still to come.
+    void SetIdlePageBuilding(bool on) { idlePageBuilding_ = on; }
+
 signals:
     // The application is asked to end; it does so when control returns to the event loop.
     void TerminateRequested();
@@ -84,6 +97,7 @@ public slots:
 
 protected:
     bool event(QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
@@ -99,6 +113,15 @@ private:
     void KestelPageControlChange();
     void SheetEnter(QWidget* sheet);
     QWidget* StartPage() const;
+    void PutButtonsLastInTabOrder();
+    std::size_t StartRow() const;
+    // Makes the page of `row` in place of its stand-in, initialised once start-up has read the
+    // record; false when it is made already or the row has no page.
+    bool MakePage(std::size_t row);
+    // After pages were made: the window settles its size once for all of them.
+    void PagesMade();
+    void BuildPage(std::size_t row);
+    void StopWaitingForInput();
     void SettleLayouts();
     // The row of the table whose page is `sheet`, or of the active page; -1 for none.
     int RowOf(const QWidget* sheet) const;
@@ -126,6 +149,12 @@ private:
     QPushButton* pCancel_ = nullptr;
     QLabel* pBottBar_ = nullptr;
     std::vector<KestelPage*> pages_;  // by row of rows_; nullptr for a page not built
+    // What the page control holds for each row: the page, or the stand-in of a page not made
+    // yet; nullptr for a row without a page.
+    std::vector<QWidget*> sheets_;
+    bool idlePageBuilding_ = true;
+    bool idleBuildingStarted_ = false;
+    bool waitingForInput_ = false;
     OpenFileDialog openFileDialog_;
 };
 

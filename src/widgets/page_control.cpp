@@ -109,6 +109,24 @@ void PageControl::SetChangingHook(ChangingHook hook) {
     changing_ = std::move(hook);
 }
 
+void PageControl::SetSheetPreparer(SheetPreparer preparer) {
+    preparer_ = std::move(preparer);
+}
+
+void PageControl::ReplaceSheet(QWidget* standIn, QWidget* sheet) {
+    const int index = IndexOf(standIn);
+    if (index < 0 || !sheet) {
+        return;
+    }
+    const bool shown = stack_->currentIndex() == index;
+    stack_->insertWidget(index, sheet);  // the stand-in moves one place on, behind it
+    if (shown) {
+        stack_->setCurrentIndex(index);
+    }
+    stack_->removeWidget(standIn);
+    delete standIn;
+}
+
 QTabBar* PageControl::TabBar() const {
     return tabBar_;
 }
@@ -132,6 +150,9 @@ void PageControl::OnTabBarCurrentChanged(int index) {
 void PageControl::ShowSheet(int index) {
     if (index == stack_->currentIndex()) {
         return;
+    }
+    if (preparer_) {
+        preparer_(index);
     }
     QWidget* old = stack_->currentWidget();
     QWidget* focus = QApplication::focusWidget();

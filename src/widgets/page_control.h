@@ -52,6 +52,15 @@ public:
 
     void SetChangingHook(ChangingHook hook);
 
+    // Told the index of a sheet about to be shown, before it is shown, whoever asked for it:
+    // a sheet that stands in for a page not made yet is replaced (ReplaceSheet) here.
+    using SheetPreparer = std::function<void(int index)>;
+    void SetSheetPreparer(SheetPreparer preparer);
+    // Puts `sheet` where `standIn` was: its tab, caption and place in the row stay as they are,
+    // and so does which sheet is shown (the stand-in, if shown, gives way to `sheet`).
+    // `standIn` is destroyed.
+    void ReplaceSheet(QWidget* standIn, QWidget* sheet);
+
     QTabBar* TabBar() const;
 
 signals:
@@ -70,6 +79,7 @@ private:
     QTabBar* tabBar_;
     QStackedWidget* stack_;
     ChangingHook changing_;
+    SheetPreparer preparer_;
     // The tab row is put back when a switch is refused; that move is not a switch.
     bool revertingTab_ = false;
     bool programmaticSwitch_ = false;

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <QAction>
+#include <QApplication>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
@@ -331,6 +332,133 @@ TEST(ActiveFileEdit, IsTheEditEnteredLastAndNoneAtFirst) {
     active.Enter(&b);
     EXPECT_FALSE(active.Is(&a));
     EXPECT_TRUE(active.Is(&b));
+}
+
+// ---- pages made after the window is on screen --------------------------------------------
+
+class DeferredPages : public WindowPages {
+protected:
+    // Rows A (the start page), B and C, on the X offset 12.
+    void SetUp() override {
+        rows_ = {Row("ATabSheet", "Test_A", MenuPopup::Other, 1),
+                 Row("BTabSheet", "Test_B", MenuPopup::Other, 2),
+                 Row("CTabSheet", "Test_C", MenuPopup::Other, 3)};
+        rows_[0].startPage = true;
+        prefix_.WriteWindowsFile("WZELKO.INI", SettingsFile(offsets_));
+    }
+
+    // The window, started without the tests' wait for every page; `idle` says whether the
+    // pages after the start page are made in idle time.
+    void StartWithPagesToCome(bool idle) {
+        window_ = std::make_unique<TKestelMainWind>(std::vector<std::string>{"WKestel32"}, rows_);
+        window_->SetIdlePageBuilding(idle);
+        script_.Install();
+        window_->show();
+        window_->activateWindow();
+        for (int i = 0; i < 200 && !window_->Ready(); ++i) QTest::qWait(5);
+        ASSERT_TRUE(window_->Ready());
+    }
+
+    std::array<PageEntry, 3> rows_;
+};
+
+TEST_F(DeferredPages, OnlyTheStartPageIsMadeWithTheWindowEveryTabIsThere) {
+    window_ = std::make_unique<TKestelMainWind>(std::vector<std::string>{"WKestel32"}, rows_);
+    ASSERT_NE(TestPage("ATabSheet"), nullptr);
+    EXPECT_EQ(TestPage("BTabSheet"), nullptr);
+    EXPECT_EQ(TestPage("CTabSheet"), nullptr);
+    PageControl* pages = window_->PageCtl();
+    ASSERT_EQ(pages->SheetCount(), 3);
+    EXPECT_EQ(pages->TabBar()->tabText(1), QStringLiteral("BTabSheet"));
+    EXPECT_EQ(pages->TabBar()->tabText(2), QStringLiteral("CTabSheet"));
+    EXPECT_FALSE(window_->AllPagesBuilt());
+}
+
+TEST_F(DeferredPages, TheOtherPagesAreMadeByThemselvesOnceTheWindowIsDrawn) {
+    ASSERT_NO_FATAL_FAILURE(StartWithPagesToCome(true));
+    for (int i = 0; i < 200 && !window_->AllPagesBuilt(); ++i) QTest::qWait(5);
+    ASSERT_TRUE(window_->AllPagesBuilt());
+    for (const char* sheet : {"ATabSheet", "BTabSheet", "CTabSheet"}) {
+        TTestPage* page = TestPage(sheet);
+        ASSERT_NE(page, nullptr) << sheet;
+        EXPECT_EQ(page->initialised, 1) << sheet;
+        EXPECT_EQ(&page->record_, &window_->Settings()) << sheet;
+        EXPECT_EQ(page->pSLE_Value->text(), QStringLiteral("12")) << sheet;
+    }
+    // In their places, and the start page still shown.
+    PageControl* pages = window_->PageCtl();
+    EXPECT_EQ(pages->Sheet(1), TestPage("BTabSheet"));
+    EXPECT_EQ(pages->Sheet(2), TestPage("CTabSheet"));
+    EXPECT_EQ(pages->ActivePage(), TestPage("ATabSheet"));
+    EXPECT_FALSE(window_->Settings().Modified);
+}
+
+TEST_F(DeferredPages, APageNotMadeYetIsMadeWhenItIsShown) {
+    ASSERT_NO_FATAL_FAILURE(StartWithPagesToCome(false));
+    QTest::qWait(20);
+    ASSERT_EQ(TestPage("BTabSheet"), nullptr);
+    PageControl* pages = window_->PageCtl();
+    pages->SetActivePage(pages->Sheet(1));
+    TTestPage* b = TestPage("BTabSheet");
+    ASSERT_NE(b, nullptr);
+    EXPECT_EQ(pages->ActivePage(), b);
+    EXPECT_TRUE(b->isVisible());
+    EXPECT_EQ(b->initialised, 1);
+    EXPECT_EQ(b->pSLE_Value->text(), QStringLiteral("12"));
+    EXPECT_EQ(pages->TabBar()->currentIndex(), 1);
+    EXPECT_EQ(TestPage("CTabSheet"), nullptr);  // only what is shown
+}
+
+TEST_F(DeferredPages, AMenuEntryShowsAPageNotMadeYet) {
+    ASSERT_NO_FATAL_FAILURE(StartWithPagesToCome(false));
+    Action("Test_C")->trigger();
+    ASSERT_NE(TestPage("CTabSheet"), nullptr);
+    EXPECT_EQ(window_->PageCtl()->ActivePage(), TestPage("CTabSheet"));
+}
+
+TEST_F(DeferredPages, TheFirstKeyPressMakesEveryPageBeforeItArrives) {
+    ASSERT_NO_FATAL_FAILURE(StartWithPagesToCome(false));
+    ASSERT_FALSE(window_->AllPagesBuilt());
+    TTestPage* a = TestPage("ATabSheet");
+    a->pSLE_Value->setFocus(Qt::MouseFocusReason);
+    a->pSLE_Value->selectAll();
+    QTest::keyClick(a->pSLE_Value, Qt::Key_7);
+    EXPECT_TRUE(window_->AllPagesBuilt());
+    EXPECT_EQ(a->pSLE_Value->text(), QStringLiteral("7"));  // and the key arrived
+    // The pages made then start from the files, not from the edit.
+    TypeAndLeave("pSLE_Value", QStringLiteral("34"));
+    EXPECT_EQ(TestPage("BTabSheet")->pSLE_Value->text(), QStringLiteral("12"));
+    EXPECT_EQ(TestPage("BTabSheet")->initialised, 1);
+}
+
+TEST_F(DeferredPages, TheFirstMouseClickMakesEveryPage) {
+    ASSERT_NO_FATAL_FAILURE(StartWithPagesToCome(false));
+    ASSERT_FALSE(window_->AllPagesBuilt());
+    QTest::mouseClick(Button("pOK"), Qt::LeftButton);
+    EXPECT_TRUE(window_->AllPagesBuilt());
+}
+
+TEST_F(DeferredPages, APageMadeLaterIsNotAChangeOfTheRecord) {
+    ASSERT_NO_FATAL_FAILURE(StartWithPagesToCome(false));
+    window_->BuildRemainingPages();
+    EXPECT_FALSE(window_->Settings().Modified);
+    // Nothing to ask on Exit.
+    Action("KestelFile_Exit")->trigger();
+    EXPECT_EQ(script_.Count(), 0);
+    EXPECT_TRUE(window_->TerminationRequested());
+}
+
+TEST_F(DeferredPages, TabGoesFromAPageMadeLaterToOkAndCancel) {
+    ASSERT_NO_FATAL_FAILURE(StartWithPagesToCome(false));
+    PageControl* pages = window_->PageCtl();
+    pages->SetActivePage(pages->Sheet(2));
+    TTestPage* c = TestPage("CTabSheet");
+    ASSERT_NE(c, nullptr);
+    c->pPB_Browse->setFocus(Qt::TabFocusReason);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    EXPECT_EQ(QApplication::focusWidget(), Button("pOK"));
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    EXPECT_EQ(QApplication::focusWidget(), Button("pCancel"));
 }
 
 }  // namespace

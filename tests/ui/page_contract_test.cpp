@@ -7,6 +7,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QLineEdit>
+#include <QTabBar>
 #include <QTest>
 #include <filesystem>
 #include <ostream>
@@ -53,7 +54,35 @@ bool Contains(const std::vector<const char*>& names, const QString& name) {
     return false;
 }
 
-class PageContract : public test::PageTest, public ::testing::WithParamInterface<BuiltPage> {
+// A window on a fresh copy of the demo machine's files.
+class DemoWindowTest : public test::PageTest {
+protected:
+    void CopyDemoFiles() {
+        CloseWindow();
+        for (const char* file : kDemoFiles) {
+            prefix_.WriteWindowsFile(
+                file, test::ReadFileBytes(std::filesystem::path(WKESTEL_DEMO_WINDOWS_DIR) / file));
+        }
+        std::filesystem::remove(prefix_.WindowsFile("WZELKO.BAK"));
+    }
+
+    // The demo files, in `language` for a controller of `controllerType`.
+    void CopyDemoFilesFor(const std::string& language, const std::string& controllerType) {
+        CopyDemoFiles();
+        std::string ini = Bytes();
+        Replace(ini, "LANGUAGE=ENG\r\n", "LANGUAGE=" + language + "\r\n");
+        Replace(ini, "Type=RMD\r\n", "Type=" + controllerType + "\r\n");
+        prefix_.WriteWindowsFile("WZELKO.INI", ini);
+    }
+
+    static void Replace(std::string& text, const std::string& from, const std::string& to) {
+        const std::size_t at = text.find(from);
+        ASSERT_NE(at, std::string::npos) << from;
+        text.replace(at, from.size(), to);
+    }
+};
+
+class PageContract : public DemoWindowTest, public ::testing::WithParamInterface<BuiltPage> {
 protected:
     void SetUp() override {
         controls_ = test::ControlsOf(Row().sheetName);
@@ -75,31 +104,12 @@ protected:
     // The whole window, as the program shows it, on the demo machine's files in `language`
     // for a controller of `controllerType`, with the page shown.
     void StartWindowOnDemoFiles(const std::string& language, const std::string& controllerType) {
-        CopyDemoFiles();
-        std::string ini = Bytes();
-        Replace(ini, "LANGUAGE=ENG\r\n", "LANGUAGE=" + language + "\r\n");
-        Replace(ini, "Type=RMD\r\n", "Type=" + controllerType + "\r\n");
-        prefix_.WriteWindowsFile("WZELKO.INI", ini);
+        ASSERT_NO_FATAL_FAILURE(CopyDemoFilesFor(language, controllerType));
         ASSERT_NO_FATAL_FAILURE(StartOnFiles());
         page_ = Page(Row().sheetName);
         ASSERT_NE(page_, nullptr);
         window_->PageCtl()->SetActivePage(page_);
         QApplication::processEvents();
-    }
-
-    void CopyDemoFiles() {
-        CloseWindow();
-        for (const char* file : kDemoFiles) {
-            prefix_.WriteWindowsFile(
-                file, test::ReadFileBytes(std::filesystem::path(WKESTEL_DEMO_WINDOWS_DIR) / file));
-        }
-        std::filesystem::remove(prefix_.WindowsFile("WZELKO.BAK"));
-    }
-
-    static void Replace(std::string& text, const std::string& from, const std::string& to) {
-        const std::size_t at = text.find(from);
-        ASSERT_NE(at, std::string::npos) << from;
-        text.replace(at, from.size(), to);
     }
 
     // Runs `check` on the page in each language and for a controller of each kind the pages
@@ -254,6 +264,58 @@ TEST_P(PageContract, NothingOverlapsNorIsCutAtTheSmallestSizeOfTheWindowNorWhenL
 
 INSTANTIATE_TEST_SUITE_P(BuiltPages, PageContract, ::testing::ValuesIn(BuiltPages()),
                          [](const auto& info) { return std::string(info.param.row->sheetName); });
+
+// The window as the program starts it, with the pages after the start page still to come (as
+// when they have not had their turn yet). Their tabs say already what the pages will say, and
+// once they are there the window has the size it would have had with every page made at
+// start-up: the room the largest page needs, nothing cut.
+class PagesToCome : public DemoWindowTest {
+protected:
+    // The window on the files, ready; the pages after the start page made at once before it is
+    // shown, or left to come.
+    void StartProgramWindow(bool everyPageAtOnce) {
+        CloseWindow();
+        window_ =
+            std::make_unique<TKestelMainWind>(std::vector<std::string>{"WKestel32"}, PageTable());
+        window_->SetIdlePageBuilding(false);
+        if (everyPageAtOnce) window_->BuildRemainingPages();
+        script_.Install();
+        window_->show();
+        window_->activateWindow();
+        for (int i = 0; i < 200 && !window_->Ready(); ++i) QTest::qWait(5);
+        ASSERT_TRUE(window_->Ready());
+        QTest::qWait(20);
+        script_.Clear();
+    }
+
+    QStringList TabCaptions() const {
+        QTabBar* tabs = window_->PageCtl()->TabBar();
+        QStringList captions;
+        for (int i = 0; i < tabs->count(); ++i) captions << tabs->tabText(i);
+        return captions;
+    }
+};
+
+TEST_F(PagesToCome, TheirTabsSayWhatThePagesWillAndTheWindowEndsAtTheSizeOfEveryPageAtOnce) {
+    for (const char* language : kLanguages) {
+        for (const char* controller : kControllers) {
+            ASSERT_NO_FATAL_FAILURE(CopyDemoFilesFor(language, controller));
+            ASSERT_NO_FATAL_FAILURE(StartProgramWindow(true));
+            const QSize size = window_->size();
+            const QSize minimum = window_->minimumSize();
+
+            ASSERT_NO_FATAL_FAILURE(StartProgramWindow(false));
+            ASSERT_FALSE(window_->AllPagesBuilt());
+            const QStringList captions = TabCaptions();
+            window_->BuildRemainingPages();
+            QTest::qWait(20);
+            ASSERT_TRUE(window_->AllPagesBuilt());
+            EXPECT_EQ(TabCaptions(), captions) << language << ", " << controller;
+            EXPECT_EQ(window_->size(), size) << language << ", " << controller;
+            EXPECT_EQ(window_->minimumSize(), minimum) << language << ", " << controller;
+        }
+    }
+}
 
 TEST(PageControlsData, EveryPageOfTheTableHasItsControlsListedInTabOrder) {
     const std::vector<test::PageControls>& listed = test::AllPageControls();

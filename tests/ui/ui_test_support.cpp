@@ -104,6 +104,11 @@ std::unique_ptr<TKestelMainWind> StartWindow(MessageScript& script,
     for (int i = 0; i < 200 && !window->Ready() && !window->TerminationRequested(); ++i) {
         QTest::qWait(10);
     }
+    // The pages after the start page are made while the window is idle; the tests look at
+    // all of them.
+    for (int i = 0; i < 200 && window->Ready() && !window->AllPagesBuilt(); ++i) {
+        QTest::qWait(5);
+    }
     return window;
 }
 
