@@ -1,27 +1,17 @@
 #pragma once
-// What the tests of the commands on the settings files share: files written line by line with
-// the CR LF the measuring application writes, and a Wine prefix of the test's own that the
-// commands are pointed at with --prefix.
+// What the tests of the commands on the settings files share: a Wine prefix of the test's own
+// that the commands are pointed at with --prefix, and files written line by line with the CR LF
+// the measuring application writes (Crlf, file_bytes.h).
 
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <initializer_list>
 #include <string>
 
+#include "support/file_bytes.h"
 #include "support/temp_prefix.h"
 
 namespace wk::test {
-
-// The lines, each ended with CR LF.
-inline std::string Crlf(std::initializer_list<const char*> lines) {
-    std::string text;
-    for (const char* line : lines) {
-        text += line;
-        text += "\r\n";
-    }
-    return text;
-}
 
 class CliPrefixTest : public ::testing::Test {
 protected:

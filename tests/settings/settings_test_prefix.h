@@ -5,7 +5,6 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <initializer_list>
 #include <memory>
 #include <string>
 
@@ -32,16 +31,6 @@ inline std::string ValueIn(const char* fileName, const char* section, const char
     char buffer[1024];
     wk::GetPrivateProfileStringA(section, key, "<missing>", buffer, sizeof buffer, fileName);
     return buffer;
-}
-
-// Lines joined with CRLF, as the measuring application's files are.
-inline std::string Crlf(std::initializer_list<const char*> lines) {
-    std::string text;
-    for (const char* line : lines) {
-        text += line;
-        text += "\r\n";
-    }
-    return text;
 }
 
 // A record built and read as start-up builds and reads it.
