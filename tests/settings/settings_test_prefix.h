@@ -44,12 +44,15 @@ inline ControllerFlags TcpipController() {
     return ControllerFlagsFromType("RMD");
 }
 
-// A test with its own prefix, whose WZELKO.INI it writes and whose WZELKO32.INI is empty.
+// A test with its own prefix, whose WZELKO.INI it writes and whose WZELKO32.INI is empty unless
+// it writes that too.
 class SettingsFileTest : public ::testing::Test {
 protected:
-    void File(const std::string& wzelko) {
+    void File(const std::string& wzelko) { Files(wzelko, ""); }
+    // Both files, for a test of keys of WZELKO32.INI too.
+    void Files(const std::string& wzelko, const std::string& wzelko32 = "") {
         prefix.WriteFile("WZELKO.INI", wzelko);
-        prefix.WriteFile("WZELKO32.INI", "");
+        prefix.WriteFile("WZELKO32.INI", wzelko32);
     }
     SettingsTestPrefix prefix;
 };
