@@ -1,6 +1,8 @@
 #include "cli/comparison_output.h"
 
+#include "cli/windows_directory_check.h"
 #include "platform/text_codec.h"
+#include "platform/windows_directory.h"
 
 namespace wk::cli {
 
@@ -14,6 +16,18 @@ Json Text(const std::string& ansi) {
 }
 
 }  // namespace
+
+std::vector<FileComparison> ComparisonsWithBackups(BackupDirection direction, const char* purpose,
+                                                   CliContext& ctx) {
+    if (!CheckWindowsDirectory(ctx)) return {};
+    std::vector<FileComparison> comparisons = CompareWithBackups(direction);
+    if (comparisons.empty()) {
+        ctx.err << "wkestel: there is no backup to " << purpose
+                << ": neither WZELKO.BAK nor WZELKO32.BAK is in "
+                << platform::WindowsDirectoryHostPath() << '\n';
+    }
+    return comparisons;
+}
 
 Json DifferenceJson(const KeyDifference& difference) {
     Json item{{"section", Text(difference.Section)}, {"key", Text(difference.Key)}};

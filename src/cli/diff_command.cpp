@@ -44,15 +44,9 @@ std::string HostPathOfArgument(const std::string& name) {
 void Diff(const DiffArgs& args, CliContext& ctx) {
     std::vector<FileComparison> comparisons;
     if (args.oldFile.empty()) {
-        if (!CheckWindowsDirectory(ctx)) {
-            ctx.exitCode = kFailure;
-            return;
-        }
-        comparisons = CompareWithBackups(BackupDirection::BackupToSettings);
+        comparisons =
+            ComparisonsWithBackups(BackupDirection::BackupToSettings, "compare with", ctx);
         if (comparisons.empty()) {
-            ctx.err << "wkestel: there is no backup to compare with: neither WZELKO.BAK nor "
-                       "WZELKO32.BAK is in "
-                    << platform::WindowsDirectoryHostPath() << '\n';
             ctx.exitCode = kFailure;
             return;
         }

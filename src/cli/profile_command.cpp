@@ -9,9 +9,9 @@
 
 #include "cli/commands.h"
 #include "cli/file_state.h"
+#include "cli/force_option.h"
 #include "cli/help_texts.h"
 #include "cli/windows_directory_check.h"
-#include "platform/file_replace.h"
 #include "platform/profile.h"
 #include "platform/profile_files.h"
 
@@ -97,16 +97,6 @@ void WarnOfReadBackProblems(const std::vector<std::string>& problems, CliContext
                    "written\n";
     }
 }
-
-// --force for the one command it is given to: read-only files may be replaced while the
-// command runs, and not after (the tests run many commands in one process).
-class ForceScope {
-public:
-    explicit ForceScope(bool force) { platform::SetReplaceReadOnlyFiles(force); }
-    ~ForceScope() { platform::SetReplaceReadOnlyFiles(false); }
-    ForceScope(const ForceScope&) = delete;
-    ForceScope& operator=(const ForceScope&) = delete;
-};
 
 struct ProfileArgs {
     std::string file, section, key, value, defaultText;

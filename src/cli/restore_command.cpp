@@ -8,10 +8,8 @@
 #include <vector>
 
 #include "cli/commands.h"
-#include "cli/windows_directory_check.h"
-#include "platform/file_replace.h"
-#include "platform/windows_directory.h"
-#include "settings/backup_pairs.h"
+#include "cli/comparison_output.h"
+#include "cli/force_option.h"
 #include "settings/backup_restore.h"
 
 namespace wk::cli {
@@ -34,13 +32,9 @@ bool Confirmed(CliContext& ctx) {
 }
 
 void Restore(const RestoreArgs& args, CliContext& ctx) {
-    if (!CheckWindowsDirectory(ctx)) return;
     const std::vector<FileComparison> preview =
-        CompareWithBackups(BackupDirection::SettingsToBackup);
+        ComparisonsWithBackups(BackupDirection::SettingsToBackup, "restore", ctx);
     if (preview.empty()) {
-        ctx.err << "wkestel: there is no backup to restore: neither WZELKO.BAK nor WZELKO32.BAK "
-                   "is in "
-                << platform::WindowsDirectoryHostPath() << '\n';
         ctx.exitCode = kNotRestored;
         return;
     }
@@ -59,16 +53,12 @@ void Restore(const RestoreArgs& args, CliContext& ctx) {
         }
     }
     // Read-only files are replaced only when the user says so, for this one restore.
-    platform::SetReplaceReadOnlyFiles(args.force);
-    const RestoreResult result = RestoreSettingsBackups();
-    platform::SetReplaceReadOnlyFiles(false);
+    const RestoreResult result = [&] {
+        const ForceScope forced(args.force);
+        return RestoreSettingsBackups();
+    }();
     if (!result.Restored) {
-        ctx.err << "wkestel: the backup could not be restored, no file was changed: "
-                << result.Text();
-        if (result.Reason.find("read-only") != std::string::npos) {
-            ctx.err << " (--force replaces it all the same)";
-        }
-        ctx.err << '\n';
+        ReportNothingChanged("the backup could not be restored", result.Text(), result.Reason, ctx);
         ctx.exitCode = kNotRestored;
         return;
     }

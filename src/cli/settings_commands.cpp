@@ -16,11 +16,11 @@
 
 #include "cli/commands.h"
 #include "cli/file_state.h"
+#include "cli/force_option.h"
 #include "cli/settings_listing.h"
 #include "cli/windows_directory_check.h"
 #include "platform/ascii_case.h"
 #include "platform/file_lookup.h"
-#include "platform/file_replace.h"
 #include "platform/host_path.h"
 #include "platform/profile.h"
 #include "platform/scratch_directory.h"
@@ -370,16 +370,13 @@ void Resave(bool force, CliContext& ctx) {
     if (!CheckWindowsDirectory(ctx) || !CheckSettingsFilesReadable(ctx)) return;
     const LoadedRecord loaded = LoadRecord();
     // Read-only files are replaced only when the user says so, for this one save.
-    platform::SetReplaceReadOnlyFiles(force);
     SaveResult result;
-    const bool saved = loaded.record->WriteAll(result);
-    platform::SetReplaceReadOnlyFiles(false);
+    const bool saved = [&] {
+        const ForceScope forced(force);
+        return loaded.record->WriteAll(result);
+    }();
     if (!saved) {
-        ctx.err << "wkestel: the settings could not be saved, no file was changed: "
-                << result.Text();
-        if (result.Reason.find("read-only") != std::string::npos)
-            ctx.err << " (--force replaces it all the same)";
-        ctx.err << '\n';
+        ReportNothingChanged("the settings could not be saved", result.Text(), result.Reason, ctx);
         ctx.exitCode = 1;
         return;
     }

@@ -6,8 +6,8 @@
 #include <memory>
 
 #include "cli/commands.h"
+#include "cli/force_option.h"
 #include "cli/windows_directory_check.h"
-#include "platform/file_replace.h"
 #include "upgrade/upgrade_settings.h"
 
 namespace wk::cli {
@@ -100,9 +100,10 @@ void AddUpgradeCommand(CLI::App& app, CliContext& ctx) {
     upgrade->callback([force, &ctx] {
         if (!CheckWindowsDirectory(ctx)) return;
         StreamProgress progress(ctx.err);
-        platform::SetReplaceReadOnlyFiles(*force);
-        const UpgradeReport report = UpgradeSettingsFiles(progress);
-        platform::SetReplaceReadOnlyFiles(false);
+        const UpgradeReport report = [&] {
+            const ForceScope forced(*force);
+            return UpgradeSettingsFiles(progress);
+        }();
         for (const UpgradePassReport& pass : report.passes) PrintPass(pass, ctx);
         ctx.exitCode = report.Succeeded() ? 0 : 1;
     });

@@ -1,13 +1,5 @@
 #include "platform/dos_paths.h"
 
-#ifdef _WIN32
-#define WIN32_LEAN_AND_MEAN
-#ifndef NOMINMAX
-#define NOMINMAX
-#endif
-#include <windows.h>
-#endif
-
 #include <algorithm>
 #include <cctype>
 #include <cerrno>
@@ -21,17 +13,11 @@
 #include "platform/ascii_case.h"
 #include "platform/file_lookup.h"
 #include "platform/host_path.h"
+#include "platform/windows_api.h"
 #include "platform/windows_directory.h"
 
 #ifdef _WIN32
-#ifndef WIN32_LEAN_AND_MEAN
-#define WIN32_LEAN_AND_MEAN
-#endif
-#ifndef NOMINMAX
-#define NOMINMAX
-#endif
 #include <io.h>
-#include <windows.h>
 #else
 #include <fcntl.h>
 #include <sys/stat.h>

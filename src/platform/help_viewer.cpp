@@ -1,8 +1,8 @@
 #include "platform/help_viewer.h"
 
-#ifdef _WIN32
-#include <windows.h>
-#else
+#include "platform/windows_api.h"
+
+#ifndef _WIN32
 #include <fcntl.h>
 #include <sys/wait.h>
 #include <unistd.h>

@@ -1,12 +1,6 @@
 #include "platform/host_path.h"
 
-#ifdef _WIN32
-#define WIN32_LEAN_AND_MEAN
-#ifndef NOMINMAX
-#define NOMINMAX
-#endif
-#include <windows.h>
-#endif
+#include "platform/windows_api.h"
 
 namespace wk::platform {
 

@@ -1,12 +1,8 @@
 #include "platform/oem_conversion.h"
 
-#ifdef _WIN32
-#define WIN32_LEAN_AND_MEAN
-#ifndef NOMINMAX
-#define NOMINMAX
-#endif
-#include <windows.h>
-#else
+#include "platform/windows_api.h"
+
+#ifndef _WIN32
 #include <iconv.h>
 #endif
 

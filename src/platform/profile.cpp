@@ -10,15 +10,8 @@
 #include "platform/profile_files.h"
 #include "platform/profile_store.h"
 #include "platform/text_codec.h"
+#include "platform/windows_api.h"
 #include "platform/windows_directory.h"
-
-#ifdef _WIN32
-#define WIN32_LEAN_AND_MEAN
-#ifndef NOMINMAX
-#define NOMINMAX
-#endif
-#include <windows.h>
-#endif
 
 namespace wk {
 namespace {

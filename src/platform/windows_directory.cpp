@@ -6,14 +6,7 @@
 #include <mutex>
 
 #include "platform/host_path.h"
-
-#ifdef _WIN32
-#define WIN32_LEAN_AND_MEAN
-#ifndef NOMINMAX
-#define NOMINMAX
-#endif
-#include <windows.h>
-#endif
+#include "platform/windows_api.h"
 
 namespace wk {
 namespace {

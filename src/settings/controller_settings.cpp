@@ -5,18 +5,10 @@
 #include "settings/key_profile_helpers.h"
 
 // Numbers in the settings files always use '.' as decimal point. The C formatting and
-// scanning below ("%lf", "%x", "%d") follow LC_NUMERIC, which the programs keep at "C".
+// scanning below ("%x", "%d"; "%lf" in ReadProfileDouble and WriteProfileDouble) follow
+// LC_NUMERIC, which the programs keep at "C".
 
 namespace wk {
-
-namespace {
-
-void ScanDouble(const char* text, double& value) {
-    double scanned = 0.0;
-    if (std::sscanf(text, "%lf", &scanned) == 1) value = scanned;
-}
-
-}  // namespace
 
 ControllerSettings::ControllerSettings(const ControllerFlags& controllerFlags)
     : DirectorySettings(controllerFlags) {
@@ -44,12 +36,9 @@ bool ControllerSettings::Read() {
     if (std::sscanf(ScratchText, "%x", &address) == 1) BaseAddress = address;
     HardProbeCompensation =
         ReadProfileInt(kHardProbeCompensation, HardProbeCompensation ? 1 : 0) != 0;
-    ReadProfileText(kMaxPSpeed, ScratchText, 80);
-    ScanDouble(ScratchText, MaxPSpeed);
-    ReadProfileText(kMaxMSpeed, ScratchText, 80);
-    ScanDouble(ScratchText, MaxMSpeed);
-    ReadProfileText(kMaxAccel, ScratchText, 80);
-    ScanDouble(ScratchText, MaxAccel);
+    ReadProfileDouble(kMaxPSpeed, ScratchText, 80, MaxPSpeed);
+    ReadProfileDouble(kMaxMSpeed, ScratchText, 80, MaxMSpeed);
+    ReadProfileDouble(kMaxAccel, ScratchText, 80, MaxAccel);
     ReadProfileText(kUseIniMaxSpeeds, ScratchText, 80);
     int useIni = 0;
     if (std::sscanf(ScratchText, "%d", &useIni) != 1) useIni = 0;
@@ -66,12 +55,9 @@ bool ControllerSettings::Write() {
     std::snprintf(ScratchText, sizeof ScratchText, "%x", static_cast<unsigned>(BaseAddress));
     WriteProfileText(kBaseAddress, ScratchText);
     WriteProfileUInt(kHardProbeCompensation, HardProbeCompensation ? 1u : 0u);
-    std::snprintf(ScratchText, sizeof ScratchText, "%lf", MaxPSpeed);
-    WriteProfileText(kMaxPSpeed, ScratchText);
-    std::snprintf(ScratchText, sizeof ScratchText, "%lf", MaxMSpeed);
-    WriteProfileText(kMaxMSpeed, ScratchText);
-    std::snprintf(ScratchText, sizeof ScratchText, "%lf", MaxAccel);
-    WriteProfileText(kMaxAccel, ScratchText);
+    WriteProfileDouble(kMaxPSpeed, MaxPSpeed, ScratchText);
+    WriteProfileDouble(kMaxMSpeed, MaxMSpeed, ScratchText);
+    WriteProfileDouble(kMaxAccel, MaxAccel, ScratchText);
     std::snprintf(ScratchText, sizeof ScratchText, "%d", UseIniMaxSpeeds ? 1 : 0);
     WriteProfileText(kUseIniMaxSpeeds, ScratchText);
     WriteProfileText(kIsQd32z, IsQd32z ? "QD32Z" : "R7NS");

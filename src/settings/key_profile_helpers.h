@@ -8,6 +8,7 @@
 // ("WZELKO.INI", "WZELKO32.INI"). The typed helpers accept only keys of WZELKO.INI.
 
 #include <cstdint>
+#include <cstdio>
 #include <string>
 
 #include "platform/profile.h"
@@ -57,6 +58,32 @@ bool WriteProfileString(const WzelkoKey<T>& key, const std::string& value) {
 template <typename T>
 bool WriteProfileBool(const WzelkoKey<T>& key, bool value) {
     return WriteProfileBool(key.Key, value, key.Section);
+}
+
+// ---- numbers with a fraction, as "%lf" texts of WZELKO.INI ----------------------------
+// Numbers in the settings files always use '.' as decimal point. "%lf" follows LC_NUMERIC,
+// which the programs keep at "C": they never call setlocale for numbers.
+
+// "%lf" of `text` into `value`; a text that does not scan leaves the value as it is.
+inline void ScanDouble(const char* text, double& value) {
+    double scanned = 0.0;
+    if (std::sscanf(text, "%lf", &scanned) == 1) value = scanned;
+}
+
+// The key's text into `buffer` (as ReadProfileText: at most size - 1 characters, empty when
+// the key is missing), then its number into `value` as ScanDouble takes it. The text stays in
+// the buffer for the caller to look at.
+template <typename T>
+void ReadProfileDouble(const WzelkoKey<T>& key, char* buffer, std::uint32_t size, double& value) {
+    ReadProfileText(key, buffer, size);
+    ScanDouble(buffer, value);
+}
+
+// "%lf" of `value` (six decimals) into `buffer`, written as the key's text. Returns success.
+template <typename T, std::size_t N>
+bool WriteProfileDouble(const WzelkoKey<T>& key, double value, char (&buffer)[N]) {
+    std::snprintf(buffer, N, "%lf", value);
+    return WriteProfileText(key, buffer);
 }
 
 // ---- the profile functions directly, under the key's upper-case file name -------------

@@ -29,12 +29,6 @@ void WriteProfileDecimal(const SettingKey& key, std::int32_t value) {
     WriteProfileKey(key, text);
 }
 
-// "%lf" of a text; a text that does not scan leaves the value as it is.
-void ScanDouble(const char* text, double& value) {
-    double scanned = 0.0;
-    if (std::sscanf(text, "%lf", &scanned) == 1) value = scanned;
-}
-
 // The number of "COMn" (1 when the name does not scan). "COM%d" heeds case.
 int ComNumber(const char* name) {
     int number = 1;
@@ -95,22 +89,15 @@ bool MachineSettings::Read() {
     ReadProfileText(kCompensFileName, ScratchText, 80);
     if (!EqualsIgnoringAsciiCase(ScratchText, "NONE")) CompensFileName = ToUpperAscii(ScratchText);
 
-    ReadProfileText(kDistApproach, ScratchText, 20);
-    ScanDouble(ScratchText, DistApproach);
-    ReadProfileText(kXTerm, ScratchText, 20);
-    ScanDouble(ScratchText, XTerm);
-    ReadProfileText(kYTerm, ScratchText, 20);
-    ScanDouble(ScratchText, YTerm);
-    ReadProfileText(kZTerm, ScratchText, 20);
-    ScanDouble(ScratchText, ZTerm);
-    ReadProfileText(kPartTerm, ScratchText, 20);
-    ScanDouble(ScratchText, PartTerm);
-    ReadProfileText(kOptSpeed, ScratchText, 20);
+    ReadProfileDouble(kDistApproach, ScratchText, 20, DistApproach);
+    ReadProfileDouble(kXTerm, ScratchText, 20, XTerm);
+    ReadProfileDouble(kYTerm, ScratchText, 20, YTerm);
+    ReadProfileDouble(kZTerm, ScratchText, 20, ZTerm);
+    ReadProfileDouble(kPartTerm, ScratchText, 20, PartTerm);
+    ReadProfileDouble(kOptSpeed, ScratchText, 20, OptSpeed);
     OptSpeedSet = ScratchText[0] != '\0';
-    ScanDouble(ScratchText, OptSpeed);
-    ReadProfileText(kDepth, ScratchText, 20);
+    ReadProfileDouble(kDepth, ScratchText, 20, Depth);
     DepthSet = ScratchText[0] != '\0';
-    ScanDouble(ScratchText, Depth);
 
     Jx01Simulation = ReadProfileBool(kJx01Simulation);
     Jx01Delay = ReadProfileInt(kJx01Delay, kJx01Delay.Default);
@@ -133,8 +120,7 @@ bool MachineSettings::Read() {
     // Only a controller that can be reached over TCP/IP takes the file's socket request.
     if (controllerAcceptsTcpip_ && UseSocket) PortIndex = kTcpipPortIndex;
 
-    ReadProfileText(kResolution, ScratchText, 20);
-    ScanDouble(ScratchText, Resolution);
+    ReadProfileDouble(kResolution, ScratchText, 20, Resolution);
     Ph9Simulation = ReadProfileBool(kPh9Simulation);
     Ph9Present = ReadProfileBool(kPh9Present);
     Ph9Type = ProfileInt(kPh9Type, kPh9Type.Default);
@@ -231,8 +217,7 @@ bool MachineSettings::Write() {
     WriteProfileString(kCosDatFileName, CosDatFileName);
     WriteProfileString(kCompensFileName, CompensFileName);
 
-    std::snprintf(ScratchText, sizeof ScratchText, "%lf", DistApproach);
-    WriteProfileText(kDistApproach, ScratchText);
+    WriteProfileDouble(kDistApproach, DistApproach, ScratchText);
     // The scale factors get ten decimals, deliberately finer than the lengths.
     std::snprintf(ScratchText, sizeof ScratchText, "%1.10lf", XTerm);
     WriteProfileText(kXTerm, ScratchText);
@@ -274,8 +259,7 @@ bool MachineSettings::Write() {
         WriteProfileKey(kTcpipAddress, TcpipAddress.c_str());
     }
 
-    std::snprintf(ScratchText, sizeof ScratchText, "%lf", Resolution);
-    WriteProfileText(kResolution, ScratchText);
+    WriteProfileDouble(kResolution, Resolution, ScratchText);
     WriteProfileBool(kPh9Simulation, Ph9Simulation);
     WriteProfileBool(kPh9Present, Ph9Present);
     WriteProfileDecimal(kPh9Type, Ph9Type);

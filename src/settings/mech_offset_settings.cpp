@@ -33,8 +33,7 @@ bool MechOffsetSettings::Write() {
     const double values[] = {OffsetX, OffsetY, OffsetZ, CompensOffset, BridgeAxisStroke};
     for (std::size_t i = 0; i < kMechOffsetKeys.size(); ++i) {
         // "NONE" is never written back: a key that held it gets the value as a number.
-        std::snprintf(ScratchText, sizeof ScratchText, "%lf", values[i]);
-        WriteProfileText(*kMechOffsetKeys[i], ScratchText);
+        WriteProfileDouble(*kMechOffsetKeys[i], values[i], ScratchText);
     }
     return true;
 }

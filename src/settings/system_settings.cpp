@@ -14,11 +14,6 @@ namespace wk {
 
 namespace {
 
-void ScanDouble(const char* text, double& value) {
-    double scanned = 0.0;
-    if (std::sscanf(text, "%lf", &scanned) == 1) value = scanned;
-}
-
 // The system parameters' file-name rule: "NONE" in any case keeps the name, any other text (an
 // empty one included) is the name in upper case.
 void ReadNameKeepingOnNone(const WzelkoKey<const char*>& key, char* buffer, std::string& name) {
@@ -51,8 +46,7 @@ bool SystemSettings::Read() {
                                                                 : ToUpperAscii(ScratchText);
     FenWire = ReadProfileBool(kFenWire);
     Tp200 = ReadProfileBool(kTp200);
-    ReadProfileText(kDiaSferaCal, ScratchText, 20);
-    ScanDouble(ScratchText, DiaSferaCal);
+    ReadProfileDouble(kDiaSferaCal, ScratchText, 20, DiaSferaCal);
     ReadNameKeepingOnNone(kQualiFileName, ScratchText, QualiFileName);
     ReadNameKeepingOnNone(kRefSysFileName, ScratchText, RefSysFileName);
     ReadNameKeepingOnNone(kMemoryFileName, ScratchText, MemoryFileName);
@@ -69,8 +63,7 @@ bool SystemSettings::Read() {
     } else if (EqualsIgnoringAsciiCase(ScratchText, "SHOULD MODE")) {
         Line3dCompens = 1;
     }
-    ReadProfileText(kThresholdAngMiddleRel, ScratchText, 20);
-    ScanDouble(ScratchText, ThresholdAngMiddleRel);
+    ReadProfileDouble(kThresholdAngMiddleRel, ScratchText, 20, ThresholdAngMiddleRel);
     // Unlike every other flag of the group this one is "1"/"0", not "TRUE"/"FALSE".
     PrintAtEndExec = ReadProfileBool(kPrintAtEndExec, "1");
     SelfAccelerators = ReadProfileBool(kSelfAccelerators);
@@ -93,8 +86,7 @@ bool SystemSettings::Write() {
     WriteProfileString(kLanguageCode, LanguageCode);
     WriteProfileBool(kFenWire, FenWire);
     WriteProfileBool(kTp200, Tp200);
-    std::snprintf(ScratchText, sizeof ScratchText, "%lf", DiaSferaCal);
-    WriteProfileText(kDiaSferaCal, ScratchText);
+    WriteProfileDouble(kDiaSferaCal, DiaSferaCal, ScratchText);
     WriteProfileString(kQualiFileName, QualiFileName);
     WriteProfileString(kRefSysFileName, RefSysFileName);
     WriteProfileString(kMemoryFileName, MemoryFileName);
@@ -108,8 +100,7 @@ bool SystemSettings::Write() {
     if (Line3dCompens == 0) std::strcpy(ScratchText, "USING SELPL");
     if (Line3dCompens == 1) std::strcpy(ScratchText, "SHOULD MODE");
     WriteProfileText(kLine3dCompens, ScratchText);
-    std::snprintf(ScratchText, sizeof ScratchText, "%lf", ThresholdAngMiddleRel);
-    WriteProfileText(kThresholdAngMiddleRel, ScratchText);
+    WriteProfileDouble(kThresholdAngMiddleRel, ThresholdAngMiddleRel, ScratchText);
     WriteProfileUInt(kPrintAtEndExec, PrintAtEndExec ? 1u : 0u);
     WriteProfileBool(kSelfAccelerators, SelfAccelerators);
     WriteProfileBool(kUseLastMemories, UseLastMemories);

@@ -3,6 +3,7 @@
 
 #include <QString>
 
+#include "i18n/own_strings.h"
 #include "i18n/resgenstring.h"
 #include "platform/text_codec.h"
 
@@ -14,6 +15,11 @@ inline constexpr int kLanguageMaxLength = 200;
 // Language string `id`, from the ANSI code page of the libraries into a Qt text.
 inline QString LanguageCaption(int id) {
     return QString::fromStdString(platform::AnsiToUtf8(GetLanguageString(id, kLanguageMaxLength)));
+}
+
+// One of the program's own strings, its English text when the library lacks it.
+inline QString OwnCaption(const OwnString& string) {
+    return QString::fromStdString(platform::AnsiToUtf8(GetOwnString(string)));
 }
 
 }  // namespace wk

@@ -21,12 +21,9 @@ struct MenuText {
 constexpr MenuText kFilePopup{"KestelFile_PopUp", "&File", 2, 0};
 constexpr MenuText kSave{"KestelFile_Save", "&Save", 3, 26};
 constexpr MenuText kExit{"KestelFile_Exit", "E&xit", 4, 25};
-// Restoring the backup came after the language libraries' texts were fixed: it has no
-// language string, and keeps its English caption and hint in every language.
+// The restore entry's strings are the program's own: an older library lacks them, and the
+// entry then keeps its English caption and hint.
 constexpr const char* kRestoreName = "KestelFile_Restore";
-constexpr const char* kRestoreCaption = "&Restore Backup...";
-constexpr const char* kRestoreHint =
-    "Puts back the settings files as the last save found them (WZELKO.BAK)";
 constexpr MenuText kHelpPopup{"KestelHelp_PopUp", "&Help", 20, 0};
 constexpr MenuText kHelpIndex{"KestelHelp_Index", "&Index", 21, 0};
 constexpr MenuText kAbout{"KestelHelp_About", "&About...", 22, 0};
@@ -62,9 +59,9 @@ MainMenu::MainMenu(QMenuBar& bar, std::span<const PageEntry> pages)
 
     QMenu* file = addPopup(kFilePopup);
     save_ = addEntry(file, kSave);
-    restore_ = file->addAction(QString::fromLatin1(kRestoreCaption));
+    restore_ = file->addAction(QString::fromLatin1(kRestoreEntryCaption.English));
     restore_->setObjectName(QString::fromLatin1(kRestoreName));
-    restore_->setStatusTip(QString::fromLatin1(kRestoreHint));
+    restore_->setStatusTip(QString::fromLatin1(kRestoreEntryHint.English));
     file->addSeparator();
     exit_ = addEntry(file, kExit);
 
@@ -102,6 +99,8 @@ void MainMenu::Caption(const ControllerFlags& flags) {
         entry.action->setText(LanguageCaption(entry.captionId));
         if (entry.hintId) entry.action->setStatusTip(LanguageCaption(entry.hintId));
     }
+    restore_->setText(OwnCaption(kRestoreEntryCaption));
+    restore_->setStatusTip(OwnCaption(kRestoreEntryHint));
     for (std::size_t row = 0; row < pages_.size(); ++row) {
         const PageMenuEntry& menu = pages_[row].menu;
         const PageEntryActions& entry = pageEntries_[row];

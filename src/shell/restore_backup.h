@@ -18,9 +18,9 @@ namespace wk {
 // edits that the files do not.
 bool RestoreBackupAsking(void* owner, bool unsavedChanges);
 
-// The texts of the entry's messages: fixed English texts, as the entry has no language
-// strings.
-inline constexpr const char* kRestoreCaption = "Restore Backup";
+// The texts of the entry's messages in the language of the library, as ANSI bytes (English
+// when the library is older than the entry's strings).
+std::string RestoreCaptionText();
 std::string NoBackupText(const std::string& windowsDirectory);
 std::string RestoreQuestionText(bool unsavedChanges);
 std::string FailedRestoreText(const RestoreResult& result);

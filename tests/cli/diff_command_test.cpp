@@ -4,29 +4,17 @@
 #include <filesystem>
 #include <nlohmann/json.hpp>
 
+#include "cli_prefix_test.h"
 #include "cli_test_support.h"
 #include "support/file_bytes.h"
-#include "support/temp_prefix.h"
 
 namespace wk {
 namespace {
 
+using test::Crlf;
 using test::RunCli;
 
-std::string Crlf(std::initializer_list<const char*> lines) {
-    std::string text;
-    for (const char* line : lines) {
-        text += line;
-        text += "\r\n";
-    }
-    return text;
-}
-
-class DiffCommandTest : public ::testing::Test {
-protected:
-    std::string Prefix() const { return prefix.Root().string(); }
-    test::TempWinePrefix prefix;
-};
+using DiffCommandTest = test::CliPrefixTest;
 
 TEST_F(DiffCommandTest, WithoutABackupThereIsNothingToCompareAndTheExitCodeIsTwo) {
     prefix.WriteWindowsFile("WZELKO.INI", Crlf({"[S]", "K=1"}));

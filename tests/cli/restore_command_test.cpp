@@ -4,24 +4,16 @@
 
 #include <filesystem>
 
+#include "cli_prefix_test.h"
 #include "cli_test_support.h"
-#include "support/temp_prefix.h"
 
 namespace wk {
 namespace {
 
 namespace fs = std::filesystem;
+using test::Crlf;
 using test::RunCli;
 using test::RunCliWithInput;
-
-std::string Crlf(std::initializer_list<const char*> lines) {
-    std::string text;
-    for (const char* line : lines) {
-        text += line;
-        text += "\r\n";
-    }
-    return text;
-}
 
 const std::string kCurrent = Crlf({"[MACHINEPARAM]", "DIST APPROACH=12.000000", "; now"});
 const std::string kSaved =
@@ -29,16 +21,12 @@ const std::string kSaved =
 const std::string kCurrent32 = Crlf({"[COMPENS]", "ACTIVE=1"});
 const std::string kSaved32 = Crlf({"[COMPENS]", "ACTIVE=0"});
 
-class RestoreCommandTest : public ::testing::Test {
+class RestoreCommandTest : public test::CliPrefixTest {
 protected:
-    std::string Prefix() const { return prefix.Root().string(); }
-    std::string File(const std::string& name) const { return prefix.ReadWindowsFile(name); }
-    bool Exists(const std::string& name) const { return fs::exists(prefix.WindowsFile(name)); }
     void Files() {
         prefix.WriteWindowsFile("WZELKO.INI", kCurrent);
         prefix.WriteWindowsFile("WZELKO.BAK", kSaved + '\xFF');
     }
-    test::TempWinePrefix prefix;
 };
 
 TEST_F(RestoreCommandTest, WithoutABackupNothingIsRestored) {

@@ -4,9 +4,9 @@
 #include <filesystem>
 #include <nlohmann/json.hpp>
 
+#include "cli_prefix_test.h"
 #include "cli_test_support.h"
 #include "support/file_bytes.h"
-#include "support/temp_prefix.h"
 
 #ifndef WKESTEL_DEMO_PREFIX_DIR
 #error "WKESTEL_DEMO_PREFIX_DIR must name demo/prefix"
@@ -16,19 +16,10 @@ namespace wk {
 namespace {
 
 namespace fs = std::filesystem;
+using test::Crlf;
 using test::RunCli;
-using test::TempWinePrefix;
 
-std::string Crlf(std::initializer_list<const char*> lines) {
-    std::string text;
-    for (const char* line : lines) {
-        text += line;
-        text += "\r\n";
-    }
-    return text;
-}
-
-class SettingsCommandsTest : public ::testing::Test {
+class SettingsCommandsTest : public test::CliPrefixTest {
 protected:
     void Files(const std::string& wzelko, const std::string& wzelko32) {
         prefix.WriteWindowsFile("WZELKO.INI", wzelko);
@@ -41,7 +32,6 @@ protected:
             prefix.WriteWindowsFile(name, test::ReadFileBytes(demo / name));
         }
     }
-    TempWinePrefix prefix;
 };
 
 const std::string kCom9Machine = Crlf({"; test machine", "[CONTROLLER]", "Type=QEN", "[CMM]",
@@ -97,9 +87,9 @@ TEST_F(SettingsCommandsTest, JsonGivesAnsiTextAsUtf8) {
 }
 
 TEST_F(SettingsCommandsTest, ShowHonoursThePrefixOption) {
-    TempWinePrefix other;  // now the platform's prefix; the files are in `prefix`
+    test::TempWinePrefix other;  // now the platform's prefix; the files are in `prefix`
     prefix.WriteWindowsFile("WZELKO.INI", Crlf({"[CMM]", "PORT=COM6:"}));
-    const auto result = RunCli({"--prefix", prefix.Root().string(), "show", "--json"});
+    const auto result = RunCli({"--prefix", Prefix(), "show", "--json"});
     ASSERT_EQ(result.exitCode, 0) << result.err;
     EXPECT_EQ(nlohmann::json::parse(result.out)
                   .at("levels")
@@ -177,11 +167,11 @@ TEST_F(SettingsCommandsTest, CheckLeavesTheRealFilesAndBackupsUntouched) {
     const auto before = fs::last_write_time(prefix.WindowsFile("WZELKO.INI"));
     const auto result = RunCli({"check"});
     EXPECT_EQ(result.exitCode, 1);
-    EXPECT_EQ(prefix.ReadWindowsFile("WZELKO.INI"), kCom9Machine);
-    EXPECT_EQ(prefix.ReadWindowsFile("WZELKO32.INI"), Crlf({"[PH9]", "TYPE=1"}));
+    EXPECT_EQ(File("WZELKO.INI"), kCom9Machine);
+    EXPECT_EQ(File("WZELKO32.INI"), Crlf({"[PH9]", "TYPE=1"}));
     EXPECT_EQ(fs::last_write_time(prefix.WindowsFile("WZELKO.INI")), before);
-    EXPECT_FALSE(fs::exists(prefix.WindowsFile("WZELKO.BAK")));
-    EXPECT_FALSE(fs::exists(prefix.WindowsFile("WZELKO32.BAK")));
+    EXPECT_FALSE(Exists("WZELKO.BAK"));
+    EXPECT_FALSE(Exists("WZELKO32.BAK"));
     // The platform points at the test's prefix again.
     EXPECT_EQ(RunCli({"profile", "get", "WZELKO.INI", "CMM", "PORT"}).out, "COM9:\n");
 }
@@ -225,24 +215,23 @@ TEST_F(SettingsCommandsTest, ResaveTakesTheBackupAndWritesEveryGroup) {
     Files(kCom9Machine, "");
     const auto result = RunCli({"resave"});
     ASSERT_EQ(result.exitCode, 0) << result.err;
-    EXPECT_EQ(prefix.ReadWindowsFile("WZELKO.BAK"), kCom9Machine + '\xFF');
+    EXPECT_EQ(File("WZELKO.BAK"), kCom9Machine + '\xFF');
     EXPECT_EQ(RunCli({"profile", "get", "WZELKO.INI", "CMM", "PORT"}).out, "COM1:\n");
     EXPECT_EQ(RunCli({"profile", "get", "WZELKO.INI", "DEFAULT PTS", "TORUS"}).out, "13\n");
     EXPECT_EQ(RunCli({"profile", "get", "WZELKO32.INI", "COMPENS", "METHOD"}).out, "QEN\n");
     // Untouched lines stay: the comment is still the first line.
-    EXPECT_EQ(prefix.ReadWindowsFile("WZELKO.INI").rfind("; test machine\r\n[CONTROLLER]\r\n", 0),
-              0u);
+    EXPECT_EQ(File("WZELKO.INI").rfind("; test machine\r\n[CONTROLLER]\r\n", 0), 0u);
 }
 
 TEST_F(SettingsCommandsTest, ResaveOfTheDemoMachineKeepsEveryByte) {
     DemoFiles();
-    const std::string before = prefix.ReadWindowsFile("WZELKO.INI");
-    const std::string before32 = prefix.ReadWindowsFile("WZELKO32.INI");
+    const std::string before = File("WZELKO.INI");
+    const std::string before32 = File("WZELKO32.INI");
     const auto result = RunCli({"resave"});
     ASSERT_EQ(result.exitCode, 0) << result.err;
-    EXPECT_EQ(prefix.ReadWindowsFile("WZELKO.INI"), before);
-    EXPECT_EQ(prefix.ReadWindowsFile("WZELKO32.INI"), before32);
-    EXPECT_EQ(prefix.ReadWindowsFile("WZELKO.BAK"), before + '\xFF');
+    EXPECT_EQ(File("WZELKO.INI"), before);
+    EXPECT_EQ(File("WZELKO32.INI"), before32);
+    EXPECT_EQ(File("WZELKO.BAK"), before + '\xFF');
 }
 
 // New keys of a known section go after its last key line; every line that was there stays.
@@ -263,12 +252,11 @@ TEST_F(SettingsCommandsTest, ResaveKeepsCommentsUnknownSectionsAndUnknownKeysByt
         "lf only=1\n";
     Files(head + tail, "; 32-bit\r\n[UNKNOWN32]\r\nA=B\r\n");
     ASSERT_EQ(RunCli({"resave"}).exitCode, 0);
-    const std::string after = prefix.ReadWindowsFile("WZELKO.INI");
+    const std::string after = File("WZELKO.INI");
     EXPECT_EQ(after.rfind(head, 0), 0u) << after;
     EXPECT_NE(after.find("USESOCKET=0\r\nRESOLUTION=0.000100\r\n" + tail), std::string::npos)
         << after;
-    EXPECT_EQ(prefix.ReadWindowsFile("WZELKO32.INI").rfind("; 32-bit\r\n[UNKNOWN32]\r\nA=B\r\n", 0),
-              0u);
+    EXPECT_EQ(File("WZELKO32.INI").rfind("; 32-bit\r\n[UNKNOWN32]\r\nA=B\r\n", 0), 0u);
 }
 
 TEST_F(SettingsCommandsTest, ResaveThatCannotWriteSaysWhyAndExitsOne) {

@@ -7,7 +7,7 @@
 namespace wk::test {
 
 // A library built from tests/i18n/data: "test_eng32.dll", "test_eng64.dll",
-// "test_ita32.dll", "test_no_strings.dll".
+// "test_ita32.dll", "test_no_strings.dll", "test_own_strings.dll".
 std::filesystem::path TestLibrary(const std::string& name);
 
 // The bytes of a test library.

@@ -10,18 +10,10 @@ namespace {
 
 using test::Crlf;
 using test::ReadRecord;
-using test::SettingsTestPrefix;
 using test::TcpipController;
 using test::ValueIn;
 
-class MachineSettingsTest : public ::testing::Test {
-protected:
-    void Files(const std::string& wzelko, const std::string& wzelko32 = "") {
-        prefix.WriteFile("WZELKO.INI", wzelko);
-        prefix.WriteFile("WZELKO32.INI", wzelko32);
-    }
-    SettingsTestPrefix prefix;
-};
+class MachineSettingsTest : public test::SettingsFileTest {};
 
 TEST_F(MachineSettingsTest, InitialValuesBeforeReading) {
     Files("");

@@ -76,14 +76,7 @@ std::set<std::string> KeysInFiles() {
     return keys;
 }
 
-class SettingsSchemaTest : public ::testing::Test {
-protected:
-    void Files(const std::string& wzelko, const std::string& wzelko32 = "") {
-        prefix.WriteFile("WZELKO.INI", wzelko);
-        prefix.WriteFile("WZELKO32.INI", wzelko32);
-    }
-    test::SettingsTestPrefix prefix;
-};
+class SettingsSchemaTest : public test::SettingsFileTest {};
 
 TEST(SettingsSchema, ListsTheTenLevelsOfTheRecordBaseFirst) {
     std::vector<std::string> names;

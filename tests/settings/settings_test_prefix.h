@@ -5,7 +5,6 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <initializer_list>
 #include <memory>
 #include <string>
 
@@ -34,16 +33,6 @@ inline std::string ValueIn(const char* fileName, const char* section, const char
     return buffer;
 }
 
-// Lines joined with CRLF, as the measuring application's files are.
-inline std::string Crlf(std::initializer_list<const char*> lines) {
-    std::string text;
-    for (const char* line : lines) {
-        text += line;
-        text += "\r\n";
-    }
-    return text;
-}
-
 // A record built and read as start-up builds and reads it.
 inline std::unique_ptr<SetupSettings> ReadRecord(const ControllerFlags& flags = {}) {
     auto record = std::make_unique<SetupSettings>(flags);
@@ -55,12 +44,15 @@ inline ControllerFlags TcpipController() {
     return ControllerFlagsFromType("RMD");
 }
 
-// A test with its own prefix, whose WZELKO.INI it writes and whose WZELKO32.INI is empty.
+// A test with its own prefix, whose WZELKO.INI it writes and whose WZELKO32.INI is empty unless
+// it writes that too.
 class SettingsFileTest : public ::testing::Test {
 protected:
-    void File(const std::string& wzelko) {
+    void File(const std::string& wzelko) { Files(wzelko, ""); }
+    // Both files, for a test of keys of WZELKO32.INI too.
+    void Files(const std::string& wzelko, const std::string& wzelko32 = "") {
         prefix.WriteFile("WZELKO.INI", wzelko);
-        prefix.WriteFile("WZELKO32.INI", "");
+        prefix.WriteFile("WZELKO32.INI", wzelko32);
     }
     SettingsTestPrefix prefix;
 };

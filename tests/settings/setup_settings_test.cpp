@@ -19,7 +19,6 @@ namespace {
 
 using test::Crlf;
 using test::ReadRecord;
-using test::SettingsTestPrefix;
 using test::TcpipController;
 using test::ValueIn;
 
@@ -30,14 +29,7 @@ std::string Golden(const std::string& name) {
     return text.str();
 }
 
-class SetupSettingsTest : public ::testing::Test {
-protected:
-    void Files(const std::string& wzelko, const std::string& wzelko32 = "") {
-        prefix.WriteFile("WZELKO.INI", wzelko);
-        prefix.WriteFile("WZELKO32.INI", wzelko32);
-    }
-    SettingsTestPrefix prefix;
-};
+class SetupSettingsTest : public test::SettingsFileTest {};
 
 TEST_F(SetupSettingsTest, FileWithoutMeasureInterfaceShowsEveryLengthInInches) {
     Files(Crlf({"[CMM]", "PORT=COM1:"}));
