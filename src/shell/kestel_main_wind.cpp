@@ -1,16 +1,13 @@
 #include "shell/kestel_main_wind.h"
 
 #include <QAction>
-#include <QApplication>
 #include <QCloseEvent>
 #include <QCoreApplication>
-#include <QDir>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QMenuBar>
 #include <QPushButton>
 #include <QStatusTipEvent>
-#include <QTimer>
 #include <cstdio>
 #include <cstring>
 
@@ -26,7 +23,9 @@
 #include "settings/pending_changes.h"
 #include "settings/settings_files.h"
 #include "shell/client_area.h"
+#include "shell/help_unavailable.h"
 #include "shell/language_text.h"
+#include "shell/page_sheets.h"
 #include "shell/qt_message_box.h"
 #include "shell/restore_backup.h"
 #include "shell/save_failure.h"
@@ -52,26 +51,6 @@ constexpr int kNoPageHelpContext = 15;
 // The title the default exception handler gives its message box.
 constexpr const char* kApplicationTitle = "WKestel32";
 
-// What Help, Index says when no help file was found at start-up: where the help files of the
-// language (and the English one every language falls back to) are looked for.
-QString NoHelpFileText(const std::string& languageCode) {
-    const QString folder =
-        QDir::toNativeSeparators(QDir(QString::fromStdString(platform::CurrentDirectory()))
-                                     .filePath(QStringLiteral("Help")));
-    const QString own = QStringLiteral("Marvane%1.hlp").arg(QString::fromStdString(languageCode));
-    const QString english = QStringLiteral("MarvaneEng.hlp");
-    const QString files = own.compare(english, Qt::CaseInsensitive) == 0
-                              ? own
-                              : QStringLiteral("%1 nor %2").arg(own, english);
-    return QStringLiteral("No help is installed: %1 holds no %2.").arg(folder, files);
-}
-
-// What it says when the help file is there but nothing could show it.
-QString NoHelpViewerText(const std::string& helpFile) {
-    return QStringLiteral("The help %1 cannot be shown: no help viewer could be started.")
-        .arg(QDir::toNativeSeparators(QString::fromStdString(helpFile)));
-}
-
 }  // namespace
 
 TKestelMainWind::TKestelMainWind(std::vector<std::string> commandLine,
@@ -83,7 +62,6 @@ TKestelMainWind::TKestelMainWind(std::vector<std::string> commandLine,
       // start-up makes it anew in place once the controller type is known.
       settings_(ControllerFlags{}),
       menu_(*menuBar(), rows_),
-      pages_(rows_.size(), nullptr),
       openFileDialog_(*this) {
     setObjectName(QStringLiteral("KestelMainWind"));
     setWindowTitle(QStringLiteral("General Setup"));
@@ -109,7 +87,7 @@ TKestelMainWind::~TKestelMainWind() {
     // must not run on a half-destroyed window. The pages go first, while the record they refer
     // to is still there.
     destroying_ = true;
-    StopWaitingForInput();
+    sheets_->Close();
     for (EditField* field : findChildren<EditField*>()) {
         field->blockSignals(true);
     }
@@ -147,36 +125,29 @@ void TKestelMainWind::BuildFrame() {
     pCancel_ = area.pCancel;
     pBottBar_ = area.pBottBar;
 
-    // Only the start page is made with the window; the others wait behind stand-ins on their
-    // tabs. Making every page costs more than starting Qt itself, and the user looks at the
-    // start page first: the window is on screen in about half the time, and the other pages
-    // are there long before anyone could reach them (see eventFilter).
-    sheets_.assign(rows_.size(), nullptr);
-    const std::size_t start = StartRow();
-    for (std::size_t row = 0; row < rows_.size(); ++row) {
-        if (!rows_[row].factory) {
-            continue;  // not built: absent from the page control
+    // The start page is made now, the others just after the window is first drawn.
+    PageSheets::Hooks hooks;
+    hooks.pageMade = [this](KestelPage& page) {
+        PutButtonsLastInTabOrder();
+        if (recordRead_) {
+            // Made later, it starts as it would have at start-up. Its initialisation's writes
+            // to the record are no more the user's change than those of the pages made then.
+            const bool modified = settings_.Modified;
+            page.Initialise();
+            settings_.Modified = modified;
         }
-        QWidget* sheet = nullptr;
-        if (row == start) {
-            std::unique_ptr<KestelPage> page = rows_[row].factory(*this);
-            page->setObjectName(QString::fromLatin1(rows_[row].sheetName));
-            pages_[row] = page.get();
-            sheet = page.release();
-        } else {
-            sheet = new QWidget;
+    };
+    hooks.pagesMade = [this] {
+        if (ready_) {
+            // The window takes the room the new pages need, if more, before it is drawn again.
+            SettleLayouts();
         }
-        sheets_[row] = sheet;
-        pageControl_->AddSheet(sheet, QString::fromLatin1(rows_[row].designCaption));
-    }
+    };
+    sheets_ = std::make_unique<PageSheets>(rows_, *this, *pageControl_, *this, std::move(hooks));
+    sheets_->AddSheets();
     PutButtonsLastInTabOrder();
+
     pageControl_->SetChangingHook([this] { return KestelPageControlChanging(); });
-    pageControl_->SetSheetPreparer([this](int index) {
-        const int row = RowOf(pageControl_->Sheet(index));
-        if (row >= 0) {
-            BuildPage(static_cast<std::size_t>(row));
-        }
-    });
     connect(pageControl_, &PageControl::Change, this, &TKestelMainWind::KestelPageControlChange);
     connect(pageControl_, &PageControl::SheetEnter, this, &TKestelMainWind::SheetEnter);
     // Enter and Escape reach them through keyPressEvent.
@@ -194,115 +165,16 @@ void TKestelMainWind::PutButtonsLastInTabOrder() {
     }
 }
 
-std::size_t TKestelMainWind::StartRow() const {
-    // The start page, or the first page there is while it is not built.
-    for (std::size_t row = 0; row < rows_.size(); ++row) {
-        if (rows_[row].startPage && rows_[row].factory) {
-            return row;
-        }
-    }
-    for (std::size_t row = 0; row < rows_.size(); ++row) {
-        if (rows_[row].factory) {
-            return row;
-        }
-    }
-    return rows_.size();
-}
-
-// ---- pages made after the window is on screen -------------------------------------------
-
 bool TKestelMainWind::AllPagesBuilt() const {
-    for (std::size_t row = 0; row < rows_.size(); ++row) {
-        if (rows_[row].factory && !pages_[row]) {
-            return false;
-        }
-    }
-    return true;
-}
-
-bool TKestelMainWind::MakePage(std::size_t row) {
-    if (row >= rows_.size() || pages_[row] || !rows_[row].factory || destroying_) {
-        return false;
-    }
-    std::unique_ptr<KestelPage> made = rows_[row].factory(*this);
-    KestelPage* page = made.get();
-    page->setObjectName(QString::fromLatin1(rows_[row].sheetName));
-    pageControl_->ReplaceSheet(sheets_[row], made.release());
-    sheets_[row] = page;
-    pages_[row] = page;
-    PutButtonsLastInTabOrder();
-    if (recordRead_) {
-        // Made later, it starts as it would have at start-up. Its initialisation's writes to
-        // the record are no more the user's change than those of the pages made then.
-        const bool modified = settings_.Modified;
-        page->Initialise();
-        settings_.Modified = modified;
-    }
-    return true;
-}
-
-void TKestelMainWind::PagesMade() {
-    if (ready_) {
-        // The window takes the room the new pages need, if more, before it is drawn again.
-        SettleLayouts();
-    }
-    if (AllPagesBuilt()) {
-        StopWaitingForInput();
-    }
-}
-
-void TKestelMainWind::BuildPage(std::size_t row) {
-    if (MakePage(row)) {
-        PagesMade();
-    }
+    return sheets_->AllMade();
 }
 
 void TKestelMainWind::BuildRemainingPages() {
-    bool made = false;
-    for (std::size_t row = 0; row < rows_.size(); ++row) {
-        made = MakePage(row) || made;
-    }
-    if (made) {
-        PagesMade();
-    }
+    sheets_->MakeRemaining();
 }
 
-void TKestelMainWind::StopWaitingForInput() {
-    if (waitingForInput_) {
-        waitingForInput_ = false;
-        qApp->removeEventFilter(this);
-    }
-}
-
-bool TKestelMainWind::eventFilter(QObject* watched, QEvent* event) {
-    switch (event->type()) {
-        case QEvent::Paint:
-            // The window is being drawn with the start page: the other pages follow while the
-            // user looks at it.
-            if (ready_ && idlePageBuilding_ && !idleBuildingStarted_ &&
-                isAncestorOf(qobject_cast<QWidget*>(watched))) {
-                idleBuildingStarted_ = true;
-                QTimer::singleShot(0, this, &TKestelMainWind::BuildRemainingPages);
-            }
-            break;
-        case QEvent::KeyPress:
-        case QEvent::ShortcutOverride:
-        case QEvent::MouseButtonPress:
-        case QEvent::MouseButtonDblClick:
-        case QEvent::Wheel:
-        case QEvent::TouchBegin:
-        case QEvent::TabletPress:
-            // Before the user's first change every page is made, on the record as the files
-            // gave it: a page made after an edit would start from the edited record, and show
-            // what a page made at start-up would not.
-            if (waitingForInput_) {
-                BuildRemainingPages();
-            }
-            break;
-        default:
-            break;
-    }
-    return QMainWindow::eventFilter(watched, event);
+KestelPage* TKestelMainWind::PageOfRow(int row) const {
+    return row >= 0 ? sheets_->Page(static_cast<std::size_t>(row)) : nullptr;
 }
 
 QString TKestelMainWind::LanguageText(int id) const {
@@ -323,12 +195,7 @@ bool TKestelMainWind::BrowseForFile(std::string& path, const std::string& initia
 }
 
 int TKestelMainWind::RowOf(const QWidget* sheet) const {
-    for (std::size_t row = 0; sheet && row < sheets_.size(); ++row) {
-        if (sheets_[row] == sheet) {
-            return static_cast<int>(row);
-        }
-    }
-    return -1;
+    return sheets_->RowOf(sheet);
 }
 
 int TKestelMainWind::ActiveRow() const {
@@ -396,22 +263,12 @@ bool TKestelMainWind::FirstActivation() {
     recordRead_ = true;
 
     for (std::size_t row = 0; row < rows_.size(); ++row) {
-        if (pages_[row]) {
-            pages_[row]->Initialise();
-        } else if (sheets_[row]) {
-            // The tab of a page still to come shows already the caption its page gives it.
-            const int captionId = rows_[row].menu.captionId;
-            const QString caption = captionId > 0 ? LanguageText(captionId) : QString();
-            if (!caption.isEmpty()) {
-                pageControl_->SetSheetCaption(sheets_[row], caption);
-            }
+        if (KestelPage* page = sheets_->Page(row)) {
+            page->Initialise();
         }
     }
+    sheets_->CaptionStandIns([this](int id) { return LanguageText(id); });
     pageControl_->SetActivePage(StartPage());
-    if (!AllPagesBuilt()) {
-        waitingForInput_ = true;
-        qApp->installEventFilter(this);
-    }
 
     // What the initialisations wrote into the record is not the user's change.
     settings_.Modified = false;
@@ -421,6 +278,7 @@ bool TKestelMainWind::FirstActivation() {
     pCancel_->setVisible(true);
     SettleLayouts();
     ready_ = true;
+    sheets_->AwaitRemaining(idlePageBuilding_);
     return true;
 }
 
@@ -436,8 +294,8 @@ void TKestelMainWind::SettleLayouts() {
 }
 
 QWidget* TKestelMainWind::StartPage() const {
-    const std::size_t row = StartRow();
-    return row < rows_.size() ? sheets_[row] : nullptr;
+    const std::size_t row = sheets_->StartRow();
+    return row < rows_.size() ? sheets_->Sheet(row) : nullptr;
 }
 
 void TKestelMainWind::SettingsFilePresenceCheck() {
@@ -470,7 +328,7 @@ bool TKestelMainWind::ApplyCurrentPage(bool saveWithoutAsking) {
         return true;
     }
     const int row = ActiveRow();
-    KestelPage* page = row >= 0 ? pages_[static_cast<std::size_t>(row)] : nullptr;
+    KestelPage* page = PageOfRow(row);
     if (page && rows_[static_cast<std::size_t>(row)].storesOnOk) {
         page->Store();
     }
@@ -510,7 +368,7 @@ int TKestelMainWind::AskToSave() {
 void TKestelMainWind::SelectPageFromMenu(std::size_t row) {
     // Asks here; the switch itself is the program's and asks no second time.
     if (ApplyCurrentPage(false)) {
-        pageControl_->SetActivePage(sheets_[row]);
+        pageControl_->SetActivePage(sheets_->Sheet(row));
     }
 }
 
@@ -526,7 +384,7 @@ void TKestelMainWind::KestelFile_RestoreClick() {
     // not saved are lost, and No keeps it (in the record, as OK would).
     const int row = ActiveRow();
     if (row >= 0 && rows_[static_cast<std::size_t>(row)].storesOnOk) {
-        pages_[static_cast<std::size_t>(row)]->Store();
+        PageOfRow(row)->Store();
     }
     if (!RestoreBackupAsking(static_cast<QWidget*>(this), settings_.Modified)) {
         return;
@@ -535,8 +393,8 @@ void TKestelMainWind::KestelFile_RestoreClick() {
     // question. The measuring unit and the controller type are taken once per run (start-up):
     // a restore that changes them shows in the next run.
     settings_.ReadAll();
-    for (KestelPage* page : pages_) {
-        if (page) {
+    for (std::size_t row = 0; row < rows_.size(); ++row) {
+        if (KestelPage* page = sheets_->Page(row)) {
             page->Load(true);
         }
     }
@@ -567,7 +425,7 @@ bool TKestelMainWind::KestelPageControlChanging() {
 void TKestelMainWind::KestelPageControlChange() {
     const int row = ActiveRow();
     if (row >= 0 && rows_[static_cast<std::size_t>(row)].refreshOnChange) {
-        pages_[static_cast<std::size_t>(row)]->Load(true);
+        PageOfRow(row)->Load(true);
     }
 }
 
@@ -576,23 +434,22 @@ void TKestelMainWind::SheetEnter(QWidget* sheet) {
         return;
     }
     const int row = RowOf(sheet);
-    if (row >= 0 && pages_[static_cast<std::size_t>(row)] &&
-        rows_[static_cast<std::size_t>(row)].refreshOnEntry) {
-        pages_[static_cast<std::size_t>(row)]->Load(true);
+    if (row >= 0 && PageOfRow(row) && rows_[static_cast<std::size_t>(row)].refreshOnEntry) {
+        PageOfRow(row)->Load(true);
     }
 }
 
 void TKestelMainWind::pOKClick() {
     const int row = ActiveRow();
     if (recordRead_ && row >= 0 && rows_[static_cast<std::size_t>(row)].storesOnOk) {
-        pages_[static_cast<std::size_t>(row)]->Store();
+        PageOfRow(row)->Store();
     }
 }
 
 void TKestelMainWind::pCancelClick() {
     const int row = ActiveRow();
     if (recordRead_ && row >= 0) {
-        pages_[static_cast<std::size_t>(row)]->Load(false);
+        PageOfRow(row)->Load(false);
     }
 }
 
@@ -624,8 +481,7 @@ void TKestelMainWind::KestelHelp_IndexClick() {
     }
     // Nothing would happen otherwise: say why, where the user looks after choosing a menu entry.
     const LanguageState& language = Language();
-    pBottBar_->setText(language.HelpAvailable ? NoHelpViewerText(language.HelpFilePath)
-                                              : NoHelpFileText(helpLanguage_));
+    pBottBar_->setText(HelpUnavailableText(language, helpLanguage_));
 }
 
 void TKestelMainWind::KestelHelp_AboutClick() {

@@ -8,6 +8,7 @@
 // files are written, help by page and the about box. To the pages it is their PageHost.
 
 #include <QMainWindow>
+#include <memory>
 #include <span>
 #include <string>
 #include <vector>
@@ -24,6 +25,7 @@ class QPushButton;
 namespace wk {
 
 class PageControl;
+class PageSheets;
 
 class TKestelMainWind : public QMainWindow, public PageHost {
     Q_OBJECT
@@ -69,17 +71,13 @@ public:
     bool RecordRead() const { return recordRead_; }
     PageControl* PageCtl() const { return pageControl_; }
 
-    // Pages made after the window is on screen. The start page is made with the window; every
-    // other page has a stand-in on its tab and is made when the window is idle after it has
-    // been first drawn (all in one turn of the event loop, a few milliseconds, and one change
-    // of the window's size at most), or at once when it is shown or when the user first presses
-    // a key or a mouse button (see eventFilter). Each starts as it would have at start-up: on
-    // the record as the files gave it.
+    // The start page is made with the window, the others a moment after it is first drawn
+    // (see PageSheets). Whether they all are; making them now (the tools that look at every
+    // page ask for this).
     bool AllPagesBuilt() const;
-    // Makes every page not made yet, now (the tools that look at every page ask for this).
     void BuildRemainingPages();
-    // Whether the remaining pages are made in idle time (on by default); off, they are made
-    // only when needed, which is how the tests see a window with pages still to come.
+    // Whether the remaining pages are made in the first idle time (on by default); off, they
+    // are made only when needed, which is how the tests see a window with pages still to come.
     void SetIdlePageBuilding(bool on) { idlePageBuilding_ = on; }
 
 signals:
@@ -97,7 +95,6 @@ public slots:
 
 protected:
     bool event(QEvent* event) override;
-    bool eventFilter(QObject* watched, QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
@@ -114,14 +111,8 @@ private:
     void SheetEnter(QWidget* sheet);
     QWidget* StartPage() const;
     void PutButtonsLastInTabOrder();
-    std::size_t StartRow() const;
-    // Makes the page of `row` in place of its stand-in, initialised once start-up has read the
-    // record; false when it is made already or the row has no page.
-    bool MakePage(std::size_t row);
-    // After pages were made: the window settles its size once for all of them.
-    void PagesMade();
-    void BuildPage(std::size_t row);
-    void StopWaitingForInput();
+    // The page of a row; nullptr for none or a page still to come.
+    KestelPage* PageOfRow(int row) const;
     void SettleLayouts();
     // The row of the table whose page is `sheet`, or of the active page; -1 for none.
     int RowOf(const QWidget* sheet) const;
@@ -148,13 +139,8 @@ private:
     QPushButton* pOK_ = nullptr;
     QPushButton* pCancel_ = nullptr;
     QLabel* pBottBar_ = nullptr;
-    std::vector<KestelPage*> pages_;  // by row of rows_; nullptr for a page not built
-    // What the page control holds for each row: the page, or the stand-in of a page not made
-    // yet; nullptr for a row without a page.
-    std::vector<QWidget*> sheets_;
+    std::unique_ptr<PageSheets> sheets_;
     bool idlePageBuilding_ = true;
-    bool idleBuildingStarted_ = false;
-    bool waitingForInput_ = false;
     OpenFileDialog openFileDialog_;
 };
 
