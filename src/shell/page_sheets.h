@@ -3,7 +3,7 @@
 // page standing in on its tab until it is made, a moment after the window was first drawn.
 //
 // Making every page costs more than starting Qt itself, and the user looks at the start page
-// first: the window is on screen in about half the time. The others are made in the window's
+// first: the window is on screen about a third sooner. The others are made in the window's
 // first idle time after it has been drawn (all in one turn of the event loop, a few
 // milliseconds, and one change of the window's size at most), at once when one of them is to be
 // shown, and at the latest when the user first presses a key or a mouse button: before any
