@@ -1,10 +1,9 @@
 #pragma once
-// The language strings that WKestel32 added to the libraries, for what it offers beyond the
-// measuring application's own editor. Their ids start at 1000, clear of the measuring
-// application's numbering (1 to 492) and of any string it may add in its own range. Each
-// has its English text here as well: a language library installed before a string was
-// added lacks it, and the entry or message then shows the English text instead of an empty
-// one.
+// The language strings WKestel32 adds to the libraries for features of its own. Their ids
+// start at 1000, clear of the strings the measuring application's libraries carry (1 to 492)
+// and of any string it may add in its own range. Each has its English text here as well: a
+// language library installed before a string was added lacks it, and the entry or message
+// then shows the English text instead of an empty one.
 
 #include <initializer_list>
 #include <string>
