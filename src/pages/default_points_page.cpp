@@ -48,8 +48,7 @@ TNumPointsPage::TNumPointsPage(PageHost& host) : KestelPage(host) {
     pLB_Element->setObjectName(QStringLiteral("pLB_Element"));
     pLB_Element->setSelectionMode(QAbstractItemView::SingleSelection);
     pST_OldDefault = MakeFormLabel(frame, "pST_OldDefault", "Current number :");
-    pSLE_OldDefault = new QLineEdit(frame);
-    pSLE_OldDefault->setObjectName(QStringLiteral("pSLE_OldDefault"));
+    pSLE_OldDefault = MakeFormControl<QLineEdit>(frame, "pSLE_OldDefault");
     pSLE_OldDefault->setReadOnly(true);
     pST_NewDefault = MakeFormLabel(frame, "pST_NewDefault", "New default number :");
     pSLE_NewDefault = MakeFormEdit(frame, "pSLE_NewDefault");

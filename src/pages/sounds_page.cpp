@@ -93,22 +93,19 @@ QString ProblemText(const std::string& sound, const platform::SoundFile& file) {
 
 TSoundsPage::TSoundsPage(PageHost& host) : KestelPage(host) {
     pST_Directory = MakeFormLabel(this, "pST_Directory", "Directory");
-    pSLE_Location = new QLineEdit(this);
-    pSLE_Location->setObjectName(QStringLiteral("pSLE_Location"));
+    pSLE_Location = MakeFormControl<QLineEdit>(this, "pSLE_Location");
     // The location follows from the settings file; it is shown, not edited, here.
     pSLE_Location->setReadOnly(true);
 
     pGBX_ContPowerOn = MakeFormGroup(this, "pGBX_ContPowerOn", "Power On");
     pST_FnamePowerOn = MakeFormLabel(pGBX_ContPowerOn, "pST_FnamePowerOn", "File name :");
-    pSLE_FnamePowerOn = new EditField(pGBX_ContPowerOn);
-    pSLE_FnamePowerOn->setObjectName(QStringLiteral("pSLE_FnamePowerOn"));
+    pSLE_FnamePowerOn = MakeFormEdit(pGBX_ContPowerOn, "pSLE_FnamePowerOn");
     pCHB_PlayPowerOn = MakeFormCheck(pGBX_ContPowerOn, "pCHB_PlayPowerOn", "Play");
     pCHB_ContPowerOn = MakeFormCheck(pGBX_ContPowerOn, "pCHB_ContPowerOn", "Continuous");
 
     pGBX_ContZeroes = MakeFormGroup(this, "pGBX_ContZeroes", "Zeroes");
     pST_FnameZeroes = MakeFormLabel(pGBX_ContZeroes, "pST_FnameZeroes", "File name :");
-    pSLE_FnameZeroes = new EditField(pGBX_ContZeroes);
-    pSLE_FnameZeroes->setObjectName(QStringLiteral("pSLE_FnameZeroes"));
+    pSLE_FnameZeroes = MakeFormEdit(pGBX_ContZeroes, "pSLE_FnameZeroes");
     pCHB_PlayZeroes = MakeFormCheck(pGBX_ContZeroes, "pCHB_PlayZeroes", "Play");
     pCHB_ContZeroes = MakeFormCheck(pGBX_ContZeroes, "pCHB_ContZeroes", "Continuous");
 

@@ -62,8 +62,7 @@ TVolcompPage::TVolcompPage(PageHost& host) : KestelPage(host) {
         MakeFormControl<QRadioButton>(this, "pRB_UseMELDAXSet", "Use &MELDAX settings");
     pCHB_ActiveQEN = MakeFormControl<QCheckBox>(this, "pCHB_ActiveQEN", "&Active");
     pST_CosDatFnameKVL = MakeFormControl<QLabel>(this, "pST_CosDatFnameKVL", "Com&pensation file:");
-    pSLE_CosDatFnameKVL = new QLineEdit(this);
-    pSLE_CosDatFnameKVL->setObjectName(QStringLiteral("pSLE_CosDatFnameKVL"));
+    pSLE_CosDatFnameKVL = MakeFormControl<QLineEdit>(this, "pSLE_CosDatFnameKVL");
     // The name is edited on the machine parameters page; here it is only shown.
     pSLE_CosDatFnameKVL->setReadOnly(true);
     pST_CosDatFnameKVL->setBuddy(pSLE_CosDatFnameKVL);

@@ -71,8 +71,7 @@ TWinColorPage::TWinColorPage(PageHost& host) : KestelPage(host) {
     pSLE_GreenColor = MakeEdit(this, "pSLE_GreenColor");
     pSLE_BlueColor = MakeEdit(this, "pSLE_BlueColor");
 
-    pSLE_ShowColor = new QLineEdit(this);
-    pSLE_ShowColor->setObjectName(QStringLiteral("pSLE_ShowColor"));
+    pSLE_ShowColor = MakeFormControl<QLineEdit>(this, "pSLE_ShowColor");
     pSLE_ShowColor->setReadOnly(true);
     pSLE_ShowColor->setFocusPolicy(Qt::NoFocus);
     pSLE_ShowColor->setAutoFillBackground(true);

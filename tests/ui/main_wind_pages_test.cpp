@@ -352,10 +352,7 @@ protected:
     void StartWithPagesToCome(bool idle) {
         window_ = std::make_unique<TKestelMainWind>(std::vector<std::string>{"WKestel32"}, rows_);
         window_->SetIdlePageBuilding(idle);
-        script_.Install();
-        window_->show();
-        window_->activateWindow();
-        for (int i = 0; i < 200 && !window_->Ready(); ++i) QTest::qWait(5);
+        test::ShowUntilReady(*window_, script_);
         ASSERT_TRUE(window_->Ready());
     }
 

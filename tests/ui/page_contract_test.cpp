@@ -279,10 +279,7 @@ protected:
             std::make_unique<TKestelMainWind>(std::vector<std::string>{"WKestel32"}, PageTable());
         window_->SetIdlePageBuilding(false);
         if (everyPageAtOnce) window_->BuildRemainingPages();
-        script_.Install();
-        window_->show();
-        window_->activateWindow();
-        for (int i = 0; i < 200 && !window_->Ready(); ++i) QTest::qWait(5);
+        test::ShowUntilReady(*window_, script_);
         ASSERT_TRUE(window_->Ready());
         QTest::qWait(20);
         script_.Clear();

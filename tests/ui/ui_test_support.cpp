@@ -93,17 +93,21 @@ std::vector<PageEntry> TableRows(std::initializer_list<std::string_view> sheetNa
     return rows;
 }
 
+void ShowUntilReady(TKestelMainWind& window, MessageScript& script) {
+    script.Install();
+    window.show();
+    window.activateWindow();
+    (void)QTest::qWaitForWindowActive(&window, 2000);
+    for (int i = 0; i < 200 && !window.Ready() && !window.TerminationRequested(); ++i) {
+        QTest::qWait(10);
+    }
+}
+
 std::unique_ptr<TKestelMainWind> StartWindow(MessageScript& script,
                                              std::vector<std::string> commandLine,
                                              std::span<const PageEntry> pages) {
     auto window = std::make_unique<TKestelMainWind>(std::move(commandLine), pages);
-    script.Install();
-    window->show();
-    window->activateWindow();
-    (void)QTest::qWaitForWindowActive(window.get(), 2000);
-    for (int i = 0; i < 200 && !window->Ready() && !window->TerminationRequested(); ++i) {
-        QTest::qWait(10);
-    }
+    ShowUntilReady(*window, script);
     // The pages after the start page are made while the window is idle; the tests look at
     // all of them.
     for (int i = 0; i < 200 && window->Ready() && !window->AllPagesBuilt(); ++i) {

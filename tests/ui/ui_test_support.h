@@ -69,8 +69,12 @@ private:
 // a test is about, whichever other pages are built.
 std::vector<PageEntry> TableRows(std::initializer_list<std::string_view> sheetNames);
 
+// Shows and activates `window`, its message boxes answered by `script`, and waits until the
+// start-up sequence has run (or failed). The pages after the start page may be still to come.
+void ShowUntilReady(TKestelMainWind& window, MessageScript& script);
+
 // The main window with `pages`, shown and activated, its message boxes answered by `script`;
-// the start-up sequence has run (or failed).
+// the start-up sequence has run (or failed), and every page is made.
 std::unique_ptr<TKestelMainWind> StartWindow(MessageScript& script,
                                              std::vector<std::string> commandLine = {"WKestel32"},
                                              std::span<const PageEntry> pages = PageTable());
